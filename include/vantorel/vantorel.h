@@ -1,0 +1,175 @@
+/*
+ * Vantorel: room scanning for Unity apps on iOS, as plain C functions.
+ *
+ * Conventions
+ *  (1) Texts in are NUL-terminated UTF-8, read during the call and never kept. Ill-formed UTF-8 is repaired
+ *      (U+FFFD), never refused. A null pointer is not allowed.
+ *  (2) Texts out, as results or to the two text callbacks, are fresh heap copies. The host frees each one
+ * with the C library's free(). An empty text is one NUL byte, never a null pointer. (3) Booleans are one
+ * byte. Only bit 0 counts on the way in, so 2 means false; results are 0 or 1. (4) Functions run on the
+ * thread that calls them: call from the main thread. Only initializeVTL and disposeVTL do their work later,
+ * on the main queue. (5) Callbacks are plain function pointers, registered before initializeVTL. Room updates
+ * and everything the host itself asked for arrive on the main thread; instructions arrive on the platform's
+ * delegate thread, and the end of a stop with a world map on a thread of the platform's choice. (6) There are
+ * no error codes. An operation whose state does not fit does nothing; a failure prints one line to the
+ * console. Only trySaveRoomPlanExperience reports back. (7) Lengths are metres; matrices are named where they
+ * leave the library.
+ *
+ * What it does not do: it draws nothing of its own, keeps no settings, reads no environment variable, and
+ * never writes into a scan folder that exists.
+ */
+#ifndef VANTOREL_VANTOREL_H
+#define VANTOREL_VANTOREL_H
+
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define VANTOREL_EXPORT __declspec(dllexport)
+#else
+#define VANTOREL_EXPORT __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+#define VANTOREL_NOEXCEPT noexcept
+extern "C" {
+#else
+#define VANTOREL_NOEXCEPT
+#endif
+
+/** One byte, bit 0 counts; see convention (3). */
+typedef uint8_t vantorelBool;
+typedef void (*vantorelCallback)(void);
+/** The receiver owns the text and frees it. */
+typedef void (*vantorelTextCallback)(const char *text);
+
+/** The build's version record. */
+extern VANTOREL_EXPORT const double VantorelVersionNumber;
+extern VANTOREL_EXPORT const unsigned char VantorelVersionString[];
+
+/* ---- Lifecycle and flags ---- */
+
+/** Builds the platform's scan and AR views once and throws them away, so that the first scan starts faster.
+ * Call it before startCaptureSession: during a scan it loses track of the views on the screen. */
+VANTOREL_EXPORT void prepareVTLResources(void) VANTOREL_NOEXCEPT;
+/** Places the library's view into the host's window; then VTLDidStart. Ignored while the library is present.
+ */
+VANTOREL_EXPORT void initializeVTL(void) VANTOREL_NOEXCEPT;
+/** Stops everything and removes the views; then VTLDidEnd. A dispose before any initialise stops the process.
+ */
+VANTOREL_EXPORT void disposeVTL(void) VANTOREL_NOEXCEPT;
+/** Hands over the host's own ARSession (a platform object, retained) for isVTLCustomXREnabled. */
+VANTOREL_EXPORT void setVantorelXRSession(void *arSession) VANTOREL_NOEXCEPT;
+
+/* Setters, despite their names. Each takes effect where it is next read. */
+/** The host owns and renders the AR session (iOS 17): no view, no render thread. Default false. */
+VANTOREL_EXPORT void isVTLCustomXREnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Show the platform's own scan view instead of the plain camera view. Default false. */
+VANTOREL_EXPORT void isVTLDefaultScanEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** The scan view shows its miniature model. Default true. */
+VANTOREL_EXPORT void isVTLDefaultMiniatureModelEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Stored for the host; nothing in the library reads it. Default false. */
+VANTOREL_EXPORT void isVTLDefaultScanDataTransferEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** The platform's coaching overlay. Default true. */
+VANTOREL_EXPORT void isVTLCoachingEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Forward coaching words to VTLCaptureSessionInstruction. Default true. */
+VANTOREL_EXPORT void isVTLInstructionEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Stored for the host; nothing in the library reads it. Default false. */
+VANTOREL_EXPORT void isVTLMultiRoomEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Stored for the host; nothing in the library reads it. Default false. */
+VANTOREL_EXPORT void isVTLARWorldMapEnabled(vantorelBool value) VANTOREL_NOEXCEPT;
+
+/* ---- Capture session ---- */
+
+/** Builds a session and its view and runs it; then VTLCaptureSessionDidStart. A second start builds a second
+ * session. */
+VANTOREL_EXPORT void startCaptureSession(void) VANTOREL_NOEXCEPT;
+/** iOS 17. Continues after stopCaptureSessionWithPause. */
+VANTOREL_EXPORT void runCaptureSession(void) VANTOREL_NOEXCEPT;
+/** Stops, removes the view and drops the rooms closed so far; then VTLCaptureSessionDidEnd. */
+VANTOREL_EXPORT void stopCaptureSession(void) VANTOREL_NOEXCEPT;
+/** iOS 17. Closes the current room; the library still counts as scanning. */
+VANTOREL_EXPORT void stopCaptureSessionWithPause(vantorelBool pauseARSession) VANTOREL_NOEXCEPT;
+/** Drops updates and instructions until resumed. The platform's session goes on. */
+VANTOREL_EXPORT void pauseCaptureSessionScanning(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void resumeCaptureSessionScanning(void) VANTOREL_NOEXCEPT;
+/** iOS 17. Closes the current room and starts the next one in the same space. */
+VANTOREL_EXPORT void createNewRoomCaptureSession(void) VANTOREL_NOEXCEPT;
+/** iOS 17. Starts a session from the world map in the file `path`. */
+VANTOREL_EXPORT void startCaptureSessionWithARWorldMap(const char *path) VANTOREL_NOEXCEPT;
+/** iOS 17. Stops and writes the world map to the text `path` + "WorldMap/scan"; that folder must exist. */
+VANTOREL_EXPORT void stopCaptureSessionWithARWorldMap(const char *path) VANTOREL_NOEXCEPT;
+
+/* ---- Saving and merging ---- */
+
+/** Saves the last room into documents / directoryName / scanName ("scan.json", "scan.usdz"), unless that
+ * folder exists. With more than one room closed on iOS 17 it merges them instead. */
+VANTOREL_EXPORT void saveRoomPlanExperience(const char *directoryName,
+                                            const char *scanName) VANTOREL_NOEXCEPT;
+/** The same; 1 when all files were written or a merge was started, 0 when the folder existed or something
+ * failed. */
+VANTOREL_EXPORT vantorelBool trySaveRoomPlanExperience(const char *directoryName,
+                                                       const char *scanName) VANTOREL_NOEXCEPT;
+/** iOS 17. Merges room texts joined by "_|+++++AMBER_WREN+++++|_" into one structure and saves it. */
+VANTOREL_EXPORT void mergeScans(const char *data, const char *directoryName,
+                                const char *scanName) VANTOREL_NOEXCEPT;
+
+/* ---- Media, sharing, torch ---- */
+
+VANTOREL_EXPORT void setFlashlightStatus(vantorelBool value) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void vtl_QuickLook(const char *path) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void vtl_shareFolder(const char *path) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void vtl_shareFile(const char *path) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void screenshotVTL(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void isNativeScreenshot(vantorelBool value) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void isNativeScreenshotPreview(vantorelBool value) VANTOREL_NOEXCEPT;
+/** The last screenshot's path, empty before the first. */
+VANTOREL_EXPORT char *getVTLNativeScreenshotOutputURL(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void screenshotShareVTL(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void startScreenRecorderVTL(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void stopScreenRecorderVTL(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void isNativeScreenRecorder(vantorelBool value) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void isNativeScreenRecorderPreview(vantorelBool value) VANTOREL_NOEXCEPT;
+/** The last recording's path, empty before the first. */
+VANTOREL_EXPORT char *getVTLNativeScreenRecorderOutputURL(void) VANTOREL_NOEXCEPT;
+
+/* ---- Queries ---- */
+
+/** "Vantorel 1.3.0" */
+VANTOREL_EXPORT char *getVantorelVersion(void) VANTOREL_NOEXCEPT;
+/** The camera's pose in the host's convention, 16 numbers row by row as "[1.0, 0.0, ...]"; empty unless
+ * scanning. */
+VANTOREL_EXPORT char *getVTLARCameraMatrixRuntime(void) VANTOREL_NOEXCEPT;
+/** The camera's projection (near 0.01 m, far 1000 m), likewise. */
+VANTOREL_EXPORT char *getVTLARCameraProjectionMatrixRuntime(void) VANTOREL_NOEXCEPT;
+/** Whether the device can reconstruct scenes (LiDAR). */
+VANTOREL_EXPORT vantorelBool VantorelSupport(void) VANTOREL_NOEXCEPT;
+/** The same, and iOS 17. */
+VANTOREL_EXPORT vantorelBool MultiRoomSupport(void) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT vantorelBool ARWorldMapSupport(void) VANTOREL_NOEXCEPT;
+
+/* ---- Callbacks: each setter fills one slot for the life of the process; a second call replaces the first
+ * ---- */
+
+VANTOREL_EXPORT void setVTLDidStart(vantorelCallback callback) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void setVTLDidEnd(vantorelCallback callback) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void setVTLCaptureSessionDidStart(vantorelCallback callback) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void setVTLCaptureSessionDidEnd(vantorelCallback callback) VANTOREL_NOEXCEPT;
+/** DidAdd, DidChange and DidRemove can be registered so that bindings keep their shape; they are never
+ * called. */
+VANTOREL_EXPORT void setVTLCaptureSessionDidAdd(vantorelCallback callback) VANTOREL_NOEXCEPT;
+/** Follows each VTLRoomSnapshot, main thread. */
+VANTOREL_EXPORT void setVTLCaptureSessionDidUpdate(vantorelCallback callback) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void setVTLCaptureSessionDidChange(vantorelCallback callback) VANTOREL_NOEXCEPT;
+VANTOREL_EXPORT void setVTLCaptureSessionDidRemove(vantorelCallback callback) VANTOREL_NOEXCEPT;
+/** "MoveCloseToWall", "MoveAwayFromWall", "SlowDown", "TurnOnLight", "Normal", "LowTexture" or "None";
+ * delegate thread. */
+VANTOREL_EXPORT void setVTLCaptureSessionInstruction(vantorelTextCallback callback) VANTOREL_NOEXCEPT;
+/** The whole room as the platform's JSON, pretty-printed with sorted keys, after every update; main thread.
+ */
+VANTOREL_EXPORT void setVTLRoomSnapshot(vantorelTextCallback callback) VANTOREL_NOEXCEPT;
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
