@@ -1,0 +1,229 @@
+#include "rooms/UsdzWriter.h"
+
+#include "rooms/RoomMesh.h"
+#include "rooms/StoredZip.h"
+#include "rooms/UsdText.h"
+
+#include <array>
+#include <cstddef>
+#include <map>
+#include <numeric>
+#include <utility>
+#include <vector>
+
+namespace vantorel {
+namespace {
+
+constexpr std::string_view kAssembly = "kind = \"assembly\"";
+constexpr std::string_view kGroup = "kind = \"group\"";
+constexpr std::string_view kComponent = "kind = \"component\"";
+
+struct Material {
+  std::string_view color;
+  std::string_view opacity;
+};
+constexpr Material kWhite{"(1, 1, 1)", "1"};
+constexpr Material kInvisible{"(0, 0, 0)", "0"};  // as RoomPlan's doors and windows
+
+/// An element without its shape.
+struct Label {
+  std::string name;      ///< of its prim
+  std::string category;  ///< as RoomPlan spells it: "Wall", "Door(Isopen: True)"
+  std::string uuid;
+};
+
+std::string numbered(std::string_view stem, std::size_t number) {
+  return std::string(stem) + std::to_string(number);
+}
+
+/// "washerDryer" becomes "WasherDryer".
+std::string capitalized(std::string text) {
+  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return text;
+}
+
+std::string categoryText(const EnumCase &category) {
+  std::string text = capitalized(category.name);
+  if (!category.isOpen) return text;
+  return text + (*category.isOpen ? "(Isopen: True)" : "(Isopen: False)");
+}
+
+Label labelOf(const Surface &surface, std::string_view stem, std::size_t index) {
+  return {numbered(stem, index), categoryText(surface.category), surface.identifier.text()};
+}
+
+Float4x4 translation(Float3 to) { return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, to.x, to.y, to.z, 1}}; }
+
+void writeMaterial(UsdText &usd, const std::string &name, const Material &material) {
+  usd.beginPrim("Material", name);
+  usd.line("token outputs:surface.connect = <" + usd.path() + "/surfaceShader.outputs:surface>");
+  usd.beginPrim("Shader", "surfaceShader");
+  usd.line("uniform token info:id = \"UsdPreviewSurface\"");
+  usd.line("color3f inputs:diffuseColor = " + std::string(material.color));
+  usd.line("float inputs:opacity = " + std::string(material.opacity));
+  usd.line("token outputs:surface");
+  usd.endPrim();
+  usd.endPrim();
+}
+
+void writeGeometry(UsdText &usd, const Mesh &mesh) {
+  const Bounds bounds = boundsOf(mesh.points);
+  std::vector<int> indices(mesh.points.size());
+  std::iota(indices.begin(), indices.end(), 0);
+  usd.attribute("float3[] extent", std::array{bounds.low, bounds.high});
+  usd.attribute("int[] faceVertexCounts", mesh.faceSizes);
+  usd.attribute("int[] faceVertexIndices", indices);
+  usd.attribute("normal3f[] normals", mesh.normals, {"interpolation = \"vertex\""});
+  usd.attribute("point3f[] points", mesh.points);
+  usd.line("uniform token subdivisionScheme = \"none\"");
+}
+
+/// The element's mesh, and its material beside it.
+void writeElement(UsdText &usd, const Label &label, const Mesh &mesh, const Float4x4 &transform,
+                  const Material &material) {
+  const std::string materialName = label.name + "_color";
+  const std::string binding = "rel material:binding = <" + usd.path() + '/' + materialName + '>';
+  usd.beginPrim(
+      "Mesh", label.name,
+      {"prepend apiSchemas = [\"MaterialBindingAPI\"]", "customData = {",
+       "    string Category = " + usdQuoted(label.category), "    string UUID = \"" + label.uuid + '"', "}"});
+  writeGeometry(usd, mesh);
+  usd.line(binding);
+  usd.transform(transform);
+  usd.endPrim();
+  writeMaterial(usd, materialName, material);
+}
+
+/// The floor that a section stands on: the first of its storey, else the first.
+float floorHeight(const RoomDocument &room, const Section &section) {
+  if (!room.floors || room.floors->empty()) return section.center.y;
+  for (const Surface &floor : *room.floors)
+    if (floor.story == section.story) return floor.transform.at(3, 1);
+  return room.floors->front().transform.at(3, 1);
+}
+
+void writeSections(UsdText &usd, const RoomDocument &room) {
+  if (!room.sections || room.sections->empty()) return;
+  std::map<std::string, std::size_t> countOf;
+  usd.beginPrim("Xform", "Section_grp", {kGroup});
+  for (const Section &section : *room.sections) {
+    const std::string stem = usdNameStem(section.label, "section");
+    const std::string name = numbered(stem, countOf[stem]++);
+    usd.beginPrim("Xform", name, {kAssembly});
+    usd.transform(translation(section.center));
+    // The centre is half way up: as high again above it is the ceiling. The anchor lies on its back there.
+    const float rise = section.center.y - floorHeight(room, section);
+    usd.beginPrim("Xform", name + "_centerTop");
+    usd.transform({{1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, rise, 0, 1}});
+    usd.endPrim();
+    usd.endPrim();
+  }
+  usd.endPrim();
+}
+
+/// A door or a window, to be written in its wall's group.
+struct Panel {
+  const Surface *surface;
+  std::string_view stem;
+  std::size_t index;
+};
+
+/// The panels of wall k at k; those without a wall of this room at the end.
+using PanelsByWall = std::vector<std::vector<Panel>>;
+
+PanelsByWall panelsByWall(const RoomDocument &room) {
+  std::map<Uuid, std::size_t> wallOf;
+  for (std::size_t k = 0; k < room.walls.size(); ++k) wallOf.emplace(room.walls[k].identifier, k);
+  PanelsByWall panels(room.walls.size() + 1);
+  const auto distribute = [&](const std::vector<Surface> &surfaces, std::string_view stem) {
+    for (std::size_t i = 0; i < surfaces.size(); ++i) {
+      const auto parent = surfaces[i].parentIdentifier.value_or(std::nullopt);
+      const auto wall = parent ? wallOf.find(*parent) : wallOf.end();
+      panels[wall == wallOf.end() ? room.walls.size() : wall->second].push_back({&surfaces[i], stem, i});
+    }
+  };
+  distribute(room.doors, "Door");
+  distribute(room.windows, "Window");
+  return panels;
+}
+
+void writePanels(UsdText &usd, const std::vector<Panel> &panels) {
+  for (const Panel &panel : panels)
+    writeElement(usd, labelOf(*panel.surface, panel.stem, panel.index), panelMesh(*panel.surface),
+                 panel.surface->transform, kInvisible);
+}
+
+/// Doors and windows that name no wall of the room get a group of their own.
+void writeArchitecture(UsdText &usd, const RoomDocument &room) {
+  const PanelsByWall panels = panelsByWall(room);
+  usd.beginPrim("Xform", "Arch_grp", {kGroup});
+  for (std::size_t k = 0; k < room.walls.size(); ++k) {
+    const Surface &wall = room.walls[k];
+    usd.beginPrim("Xform", "Wall_" + std::to_string(k) + "_grp", {kComponent});
+    writeElement(usd, labelOf(wall, "Wall", k), wallMesh(wall), wall.transform, kWhite);
+    writePanels(usd, panels[k]);
+    usd.endPrim();
+  }
+  if (!panels.back().empty()) {
+    usd.beginPrim("Xform", "Unattached_grp", {kComponent});
+    writePanels(usd, panels.back());
+    usd.endPrim();
+  }
+  usd.endPrim();
+}
+
+void writeFloors(UsdText &usd, const RoomDocument &room) {
+  if (!room.floors || room.floors->empty()) return;
+  usd.beginPrim("Xform", "Floor_grp", {kComponent});
+  for (std::size_t i = 0; i < room.floors->size(); ++i) {
+    const Surface &floor = (*room.floors)[i];
+    writeElement(usd, labelOf(floor, "Floor", i), floorMesh(floor), floor.transform, kWhite);
+  }
+  usd.endPrim();
+}
+
+/// One group per category, sorted by name; each counts its objects in the order of the room.
+void writeObjects(UsdText &usd, const RoomDocument &room) {
+  if (room.objects.empty()) return;
+  std::map<std::string, std::vector<const RoomObject *>> categories;
+  for (const RoomObject &object : room.objects)
+    categories[usdNameStem(capitalized(object.category.name), "Object")].push_back(&object);
+  usd.beginPrim("Xform", "Object_grp", {kGroup});
+  for (const auto &[stem, objects] : categories) {
+    usd.beginPrim("Xform", stem + "_grp", {kComponent});
+    for (std::size_t i = 0; i < objects.size(); ++i) {
+      const RoomObject &object = *objects[i];
+      const Label label{numbered(stem, i), categoryText(object.category), object.identifier.text()};
+      writeElement(usd, label, objectMesh(object), object.transform, kWhite);
+    }
+    usd.endPrim();
+  }
+  usd.endPrim();
+}
+
+/// Somewhat more than most rooms take.
+std::size_t expectedSize(const RoomDocument &room) {
+  constexpr std::size_t kBytesPerElement = 3200;
+  return kBytesPerElement * (2 + room.walls.size() + room.doors.size() + room.windows.size() +
+                             room.objects.size() + (room.floors ? room.floors->size() : 0));
+}
+
+}  // namespace
+
+std::string writeUsdz(const RoomDocument &room, std::string_view name) {
+  const std::string root = usdName(name, "scan");
+  StoredZip package(root + ".usda");
+  package.content().reserve(expectedSize(room));
+  UsdText usd(package.content(), root);
+  usd.beginPrim("Xform", root, {kAssembly});
+  writeSections(usd, room);
+  usd.beginPrim("Xform", "Mesh_grp", {kGroup});
+  writeArchitecture(usd, room);
+  writeFloors(usd, room);
+  writeObjects(usd, room);
+  usd.endPrim();
+  usd.endPrim();
+  return std::move(package).finish();
+}
+
+}  // namespace vantorel
