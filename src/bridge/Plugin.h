@@ -1,0 +1,27 @@
+#pragma once
+
+#include "bridge/CallbackRegistry.h"
+
+#include <memory>
+#include <mutex>
+
+namespace vantorel {
+
+class VTLViewController;
+
+/// All that is static in the library: the host's callbacks and the one controller.
+class Plugin {
+ public:
+  CallbackRegistry callbacks;
+
+  /// Made on first use, from any thread, and kept: a dispose and a later initialise meet the same object.
+  VTLViewController &viewController();
+
+ private:
+  std::once_flag made_;
+  std::shared_ptr<VTLViewController> viewController_;
+};
+
+Plugin &plugin();
+
+}  // namespace vantorel

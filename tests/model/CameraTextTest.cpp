@@ -1,0 +1,42 @@
+#include "model/CameraText.h"
+
+#include <gtest/gtest.h>
+
+namespace vantorel {
+namespace {
+
+/// The element of column c and row r is 10 r + c + 1, so that every number tells its place.
+Float4x4 tellingMatrix() {
+  Float4x4 matrix;
+  for (std::size_t i = 0; i < 16; ++i) matrix.elements[i] = static_cast<float>(10 * (i % 4) + i / 4 + 1);
+  return matrix;
+}
+
+TEST(CameraText, TurnsThePoseIntoTheHostsConvention) {
+  EXPECT_EQ(cameraPoseText(tellingMatrix()),
+            "[-1.0, -2.0, -3.0, 4.0, -11.0, -12.0, -13.0, 14.0, 21.0, 22.0, 23.0, -24.0, 31.0, 32.0, 33.0, "
+            "34.0]");
+}
+
+TEST(CameraText, KeepsTheSignOfZeros) {
+  Float4x4 identity;
+  for (std::size_t i = 0; i < 16; i += 5) identity.elements[i] = 1;
+  EXPECT_EQ(cameraPoseText(identity),
+            "[-1.0, -0.0, -0.0, 0.0, -0.0, -1.0, -0.0, 0.0, 0.0, 0.0, 1.0, -0.0, 0.0, 0.0, 0.0, 1.0]");
+}
+
+TEST(CameraText, SwapsTheProjectionsFirstColumnsAndTurnsOneElement) {
+  EXPECT_EQ(cameraProjectionText(tellingMatrix()),
+            "[2.0, -1.0, 3.0, 4.0, 12.0, 11.0, 13.0, 14.0, 22.0, 21.0, 23.0, 24.0, 32.0, 31.0, 33.0, 34.0]");
+}
+
+TEST(CameraText, PrintsTheShortestTextThatReadsBack) {
+  Float4x4 matrix;
+  matrix.elements = {-0.70710677F, -1e-5F, 16777216.0F, 20000000.0F};
+  EXPECT_EQ(cameraPoseText(matrix),
+            "[0.70710677, -0.0, -0.0, 0.0, 1e-05, -0.0, -0.0, 0.0, 16777216.0, 0.0, 0.0, -0.0, 2e+07, 0.0, "
+            "0.0, 0.0]");
+}
+
+}  // namespace
+}  // namespace vantorel
