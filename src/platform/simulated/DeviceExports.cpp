@@ -1,0 +1,180 @@
+// The functions of simulated_device.h: each converts its arguments and asks the device.
+#include "vantorel/simulated_device.h"
+
+#include "platform/PlatformError.h"
+#include "platform/PluginAccess.h"
+#include "platform/simulated/SimulatedPlatform.h"
+#include "platform/simulated/SimulatedSession.h"
+#include "rooms/RoomReader.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+using namespace vantorel;
+
+namespace {
+
+/// Farther than any script goes, and far from the end of the clock.
+constexpr double kLongestAdvance = 1e8;  // seconds
+
+DeviceParts &parts() { return simulatedPlatform().parts(); }
+
+char *copied(const std::string &text) {
+  auto *copy = static_cast<char *>(std::malloc(text.size() + 1));
+  if (!copy) throw std::bad_alloc();
+  return static_cast<char *>(std::memcpy(copy, text.c_str(), text.size() + 1));
+}
+
+char *answer(const std::optional<std::string> &refusal) { return refusal ? copied(*refusal) : nullptr; }
+
+/// Time and power belong to the host's main thread: inside a callback they would wait for themselves.
+std::optional<std::string> refusalInside(const char *function) {
+  if (!Scheduler::isInsideWork()) return std::nullopt;
+  return std::string(function) + " is not for callbacks";
+}
+
+/// The same for functions that cannot answer.
+bool isRefusedInside(const char *function) {
+  const auto refusal = refusalInside(function);
+  if (refusal) std::fprintf(stderr, "vantorel: %s\n", refusal->c_str());
+  return refusal.has_value();
+}
+
+std::shared_ptr<const RoomDocument> readRoomFile(const std::string &path) {
+  const std::string text = SimulatedFiles::read(path);
+  try {
+    return std::make_shared<RoomDocument>(readRoom(text));
+  } catch (const RoomReadError &error) {
+    throw PlatformError(path + ": " + error.what());
+  }
+}
+
+/// Hands an event of the current session to the delegate thread.
+template <typename Deliver>
+char *deliver(const char *function, Deliver event) {
+  if (const auto refusal = refusalInside(function)) return copied(*refusal);
+  const auto session = parts().sessions.current();
+  if (!session) return copied("there is no session to deliver this to; none has been made yet");
+  parts().scheduler.handOver(Role::delegate, [session, event] { event(*session); });
+  return nullptr;
+}
+
+Instruction instructionNamed(const std::string &name) {
+  if (name == "moveCloseToWall") return Instruction::moveCloseToWall;
+  if (name == "moveAwayFromWall") return Instruction::moveAwayFromWall;
+  if (name == "slowDown") return Instruction::slowDown;
+  if (name == "turnOnLight") return Instruction::turnOnLight;
+  if (name == "normal") return Instruction::normal;
+  if (name == "lowTexture") return Instruction::lowTexture;
+  return Instruction::other;
+}
+
+}  // namespace
+
+// ---- Power and time ----
+
+void vantorelDevicePowerCycle(void) noexcept {
+  if (!isRefusedInside("vantorelDevicePowerCycle")) simulatedPlatform().powerCycle();
+}
+
+void vantorelDeviceAdvance(double seconds) noexcept {
+  if (isRefusedInside("vantorelDeviceAdvance")) return;
+  if (!(seconds >= 0 && seconds <= kLongestAdvance)) {
+    std::fprintf(stderr, "vantorel: time does not advance by %g seconds\n", seconds);
+    return;
+  }
+  parts().scheduler.advance(std::llround(seconds * 1e9));
+}
+
+char *vantorelDeviceSettle(void) noexcept {
+  if (const auto refusal = refusalInside("vantorelDeviceSettle")) return copied(*refusal);
+  if (parts().scheduler.settle()) return nullptr;
+  return copied("after 600 seconds there is still work to come");
+}
+
+double vantorelDeviceTime(void) noexcept {
+  return static_cast<double>(parts().scheduler.now()) / Scheduler::kSecond;
+}
+
+const char *vantorelDeviceThread(void) noexcept { return nameOf(Scheduler::currentRole()); }
+
+void vantorelDeviceSetFreeRunning(vantorelBool value) noexcept {
+  simulatedPlatform().setFreeRunning(value & 1);
+}
+
+void vantorelDeviceSetHandoverSleep(uint32_t microseconds, uint32_t seed) noexcept {
+  parts().scheduler.setHandoverSleep(microseconds, seed);
+}
+
+// ---- What comes out ----
+
+void vantorelDeviceSetObserver(vantorelDeviceObserver observer) noexcept {
+  simulatedPlatform().observedConsole().setObserver(observer);
+}
+
+char *vantorelDeviceState(const char *name) noexcept {
+  const std::string_view wanted = name ? name : "";
+  const auto own = simulatedPlatform().stateJson(wanted);
+  return answer(own ? own : pluginState(wanted));
+}
+
+// ---- What the device is ----
+
+char *vantorelDeviceSetDocumentsDirectory(const char *path) noexcept {
+  try {
+    simulatedPlatform().files().setDocumentsDirectory(path);
+    return nullptr;
+  } catch (const PlatformError &error) {
+    return copied(error.what());
+  }
+}
+
+char *vantorelDeviceSetOption(const char *name, const char *value) noexcept {
+  return answer(parts().options.set(name, value));
+}
+
+char *vantorelDeviceFail(const char *call, uint32_t count, uint32_t skip) noexcept {
+  return answer(parts().faults.plan(call, count, skip));
+}
+
+// ---- What the session sees ----
+
+char *vantorelDeviceSetRoom(const char *path, double seconds, double rate) noexcept {
+  if (const auto refusal = RoomPlayback::refusal(seconds, rate)) return copied(*refusal);
+  try {
+    parts().sessions.setNextScan(std::make_shared<RoomPlayback>(readRoomFile(path), seconds, rate));
+    return nullptr;
+  } catch (const PlatformError &error) {
+    return copied(error.what());
+  }
+}
+
+char *vantorelDeviceDeliverUpdate(const char *path) noexcept {
+  try {
+    const auto room = readRoomFile(path);
+    return deliver("vantorelDeviceDeliverUpdate",
+                   [room](SimulatedSession &session) { session.deliverUpdate(room, identifierOf(*room)); });
+  } catch (const PlatformError &error) {
+    return copied(error.what());
+  }
+}
+
+char *vantorelDeviceDeliverInstruction(const char *name) noexcept {
+  if (!*name) return copied("an instruction needs a name, as moveCloseToWall");
+  return deliver("vantorelDeviceDeliverInstruction",
+                 [instruction = instructionNamed(name)](SimulatedSession &session) {
+                   session.deliverInstruction(instruction);
+                 });
+}
+
+char *vantorelDeviceDeliverEnd(const char *description) noexcept {
+  std::optional<std::string> error;
+  if (description) error = description;
+  return deliver("vantorelDeviceDeliverEnd",
+                 [error](SimulatedSession &session) { session.deliverEnd(error); });
+}
+
+void *vantorelDeviceARSession(void) noexcept { return simulatedPlatform().hostARSession(); }

@@ -1,0 +1,19 @@
+#include "platform/simulated/SimulatedConsole.h"
+
+#include <cstdio>
+#include <string>
+
+namespace vantorel {
+
+void SimulatedConsole::print(std::string_view line) {
+  std::string text(line);
+  if (const auto observer = observer_.load()) {
+    observer("console", nullptr, text.c_str());
+    return;
+  }
+  text += '\n';  // in one piece, so that lines of two threads do not mix
+  std::fwrite(text.data(), 1, text.size(), stdout);
+  std::fflush(stdout);
+}
+
+}  // namespace vantorel

@@ -1,0 +1,99 @@
+#include "platform/simulated/SimulatedPlatform.h"
+
+#include "base/JsonWriter.h"
+#include "platform/PluginAccess.h"
+#include "platform/simulated/SimulatedSession.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace vantorel {
+namespace {
+
+std::string jsonOf(const std::vector<std::string> &texts) {
+  std::string text;
+  JsonWriter json(text, JsonStyle::compact);
+  json.beginArray();
+  for (const auto &element : texts) json.string(element);
+  json.endArray();
+  return text;
+}
+
+/// Ends the device's threads when the process exits or the library is unloaded. The platform itself stays,
+/// since objects of the plug-in may still refer to it.
+struct ThreadsEnd {
+  SimulatedPlatform &platform;
+  ~ThreadsEnd() {
+    if (!Scheduler::isInsideWork()) platform.parts().scheduler.shutDown();  // else exit() was called there
+  }
+};
+
+}  // namespace
+
+SimulatedPlatform &simulatedPlatform() {
+  static auto &platform = *new SimulatedPlatform;
+  static const ThreadsEnd atExit{platform};
+  return platform;
+}
+
+Platform &platform() { return simulatedPlatform(); }
+
+// ---- Ports ----
+
+std::shared_ptr<CaptureDevice> SimulatedPlatform::defaultCamera() {
+  if (parts_.options.get().torch == DeviceTraits::Torch::noDevice) return nullptr;
+  return camera_;
+}
+
+std::shared_ptr<RoomCaptureSession> SimulatedPlatform::makeRoomCaptureSession(
+    std::shared_ptr<ARSession> arSession) {
+  return SimulatedSession::make(parts_, std::dynamic_pointer_cast<SimulatedARSession>(arSession));
+}
+
+std::shared_ptr<ARSession> SimulatedPlatform::arSession(void *object) {
+  if (!object) return nullptr;
+  if (object != hostARSession_.get())
+    stop("The AR session is none of the simulated device's; vantorelDeviceARSession gives one.");
+  return hostARSession_;
+}
+
+void SimulatedPlatform::stop(std::string_view message) {
+  std::fflush(stdout);
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
+  std::abort();
+}
+
+// ---- Control ----
+
+void SimulatedPlatform::powerCycle() {
+  parts_.scheduler.shutDown();
+  restartPlugin();
+  resetObjects();
+  parts_.scheduler.restart(isFreeRunningNext_);
+}
+
+void SimulatedPlatform::resetObjects() {
+  parts_.options.reset();
+  parts_.faults.reset();
+  parts_.sessions.reset();
+  screen_.reset();
+  camera_ = std::make_shared<SimulatedCamera>(parts_.options);
+  hostARSession_ = std::make_shared<SimulatedARSession>(parts_.scheduler, parts_.options);
+}
+
+bool SimulatedPlatform::isSessionRunning() const {
+  const auto session = parts_.sessions.current();
+  return session && session->isRunning();
+}
+
+std::optional<std::string> SimulatedPlatform::stateJson(std::string_view name) {
+  if (name == "window.subviews") return jsonOf(screen_.windowSubviews());
+  if (name == "view.subviews") return jsonOf(screen_.controllerSubviews());
+  if (name == "roomCaptureView.subviews") return jsonOf(screen_.scanViewSubviews());
+  if (name == "captureSession.isRunning") return isSessionRunning() ? "true" : "false";
+  if (name == "renderThreads") return std::to_string(parts_.scheduler.renderThreadCount());
+  if (name == "device.torch") return camera_->isLit() ? "\"on\"" : "\"off\"";
+  return std::nullopt;
+}
+
+}  // namespace vantorel

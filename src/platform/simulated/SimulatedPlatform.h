@@ -1,0 +1,66 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/simulated/DeviceParts.h"
+#include "platform/simulated/SimulatedARSession.h"
+#include "platform/simulated/SimulatedConsole.h"
+#include "platform/simulated/SimulatedFiles.h"
+#include "platform/simulated/SimulatedPhone.h"
+#include "platform/simulated/SimulatedRenderThreads.h"
+#include "platform/simulated/SimulatedScreen.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vantorel {
+
+/// The simulated iPhone. What the exported functions of the device control is here.
+class SimulatedPlatform : public Platform {
+ public:
+  SimulatedPlatform() { resetObjects(); }
+
+  Console &console() override { return console_; }
+  Device &device() override { return phone_; }
+  FileManager &fileManager() override { return files_; }
+  MainQueue &mainQueue() override { return mainQueue_; }
+  RenderThreads &renderThreads() override { return renderThreads_; }
+  Screen &screen() override { return screen_; }
+  std::shared_ptr<CaptureDevice> defaultCamera() override;
+  std::shared_ptr<RoomCaptureSession> makeRoomCaptureSession(std::shared_ptr<ARSession> arSession) override;
+  std::shared_ptr<ARSession> arSession(void *object) override;
+  [[noreturn]] void stop(std::string_view message) override;
+
+  // ---- Control; main thread ----
+
+  DeviceParts &parts() { return parts_; }
+  SimulatedConsole &observedConsole() { return console_; }
+  SimulatedFiles &files() { return files_; }
+  void powerCycle();
+  void setFreeRunning(bool value) { isFreeRunningNext_ = value; }
+  /// An AR session as the host would have one; what arSession() takes.
+  void *hostARSession() { return hostARSession_.get(); }
+  /// JSON of a value of the device; nothing when it has none of that name.
+  std::optional<std::string> stateJson(std::string_view name);
+
+ private:
+  void resetObjects();
+  bool isSessionRunning() const;
+
+  DeviceParts parts_;
+  SimulatedConsole console_;
+  SimulatedPhone phone_{parts_.options};
+  SimulatedFiles files_{parts_.faults};
+  SimulatedMainQueue mainQueue_{parts_.scheduler};
+  SimulatedRenderThreads renderThreads_{parts_.scheduler};
+  SimulatedScreen screen_{parts_};
+  std::shared_ptr<SimulatedCamera> camera_;
+  std::shared_ptr<SimulatedARSession> hostARSession_;
+  bool isFreeRunningNext_ = false;
+};
+
+/// The one that platform() gives.
+SimulatedPlatform &simulatedPlatform();
+
+}  // namespace vantorel

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/RoomCaptureSession.h"
+#include "platform/simulated/DeviceParts.h"
+#include "platform/simulated/RoomPlayback.h"
+#include "platform/simulated/SimulatedARSession.h"
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+
+namespace vantorel {
+
+/// Plays the device's next scan when it is run.
+class SimulatedSession : public RoomCaptureSession, public std::enable_shared_from_this<SimulatedSession> {
+ public:
+  /// `device` outlives the session.
+  static std::shared_ptr<SimulatedSession> make(DeviceParts &device,
+                                                std::shared_ptr<SimulatedARSession> arSession);
+  ~SimulatedSession() override;
+
+  /// The start event and the first frame come later, on the delegate thread. After an end that was delivered,
+  /// a run goes on with the scan that it ended.
+  void run(const RoomCaptureSessionConfiguration &configuration) override;
+  void stop() override { stop(true); }
+  /// The plain end event comes later. The camera stays where it is either way.
+  void stop(bool pauseARSession) override;
+  std::shared_ptr<ARSession> arSession() override { return arSession_; }
+  void setDelegate(std::weak_ptr<RoomCaptureSessionDelegate> delegate) override {
+    delegate_.store(std::move(delegate));
+  }
+
+  bool isRunning() const;
+
+  // ---- Events, on the delegate thread, whether the session runs or not ----
+
+  /// Before it what was added, changed and removed since the last one, as rooms of those elements alone.
+  void deliverUpdate(const std::shared_ptr<const RoomDocument> &room, const Uuid &identifier);
+  void deliverInstruction(Instruction instruction);
+  /// Also stops the session.
+  void deliverEnd(const std::optional<std::string> &errorDescription);
+
+ private:
+  SimulatedSession(DeviceParts &device, std::shared_ptr<SimulatedARSession> arSession);
+
+  void postStart();
+  void postEnd();
+  void postSteps();
+  void play(Scheduler::Group run, std::size_t step);
+  bool interrupt();
+
+  DeviceParts &device_;
+  const std::shared_ptr<SimulatedARSession> arSession_;
+  Guarded<std::weak_ptr<RoomCaptureSessionDelegate>> delegate_;
+
+  mutable std::mutex mutex_;
+  bool isRunning_ = false;
+  bool isEnding_ = false;   // inside deliverEnd
+  bool canResume_ = false;  // ended by deliverEnd, so that scan_ may go on
+  bool isCoaching_ = true;
+  Scheduler::Group run_ = 0;  // the pending steps of the current run
+  std::shared_ptr<const RoomPlayback> scan_;
+  std::shared_ptr<const RoomDocument> seen_;  // by the last update of this scan
+  std::size_t nextStep_ = 0;
+  Scheduler::Time elapsed_ = 0;  // of the scan, when it was interrupted
+  Scheduler::Time start_ = 0;    // of the scan, in the device's time
+};
+
+}  // namespace vantorel

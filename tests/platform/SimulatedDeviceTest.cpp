@@ -1,0 +1,168 @@
+#include "rooms/RoomReader.h"
+#include "support/DeviceTest.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+
+namespace vantorel::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string refusal(char *answer) { return answer ? taken(answer) : ""; }
+
+void expectRefused(char *answer, const std::string &part) {
+  const std::string text = refusal(answer);
+  EXPECT_NE(text.find(part), std::string::npos) << "\"" << text << "\" does not tell of \"" << part << "\"";
+}
+
+/// Entries of a folder of this process under /proc.
+std::ptrdiff_t countOwn(const char *what) {
+  return std::distance(fs::directory_iterator("/proc/self/" + std::string(what)), {});
+}
+
+class SimulatedDeviceTest : public DeviceTest {
+ protected:
+  /// A whole use of the library: scan view, an event of every kind, save, torch, end.
+  void useEverything(const std::string &name) {
+    initialize();
+    isVTLDefaultScanEnabled(1);
+    expectRefused(vantorelDeviceSetRoom(sampleRooms().at(0).c_str(), 2, 20), "");
+    start();
+    advance(0.5);
+    taken(getVTLARCameraMatrixRuntime());
+    update(walledRoom(3));
+    instruction("slowDown");
+    end("World tracking failure");
+    EXPECT_EQ(refusal(vantorelDeviceSettle()), "");
+    end(nullptr);
+    setFlashlightStatus(1);
+    trySaveRoomPlanExperience("scans", name.c_str());
+    stopCaptureSession();
+    disposeVTL();
+    EXPECT_EQ(refusal(vantorelDeviceSettle()), "");
+  }
+};
+
+TEST_F(SimulatedDeviceTest, LeavesNoThreadAndNoFileOpenAfterAPowerCycle) {
+  if (!fs::exists("/proc/self/task")) GTEST_SKIP() << "nowhere to count threads here";
+  useEverything("warm-up");
+  powerCycle();
+  const auto threads = countOwn("task"), files = countOwn("fd");
+  for (int cycle = 0; cycle < 50; ++cycle) {
+    if (cycle % 2) useEverything(std::to_string(cycle));
+    initialize();
+    start();
+    EXPECT_GT(countOwn("task"), threads);
+    powerCycle();
+  }
+  EXPECT_EQ(countOwn("task"), threads);
+  EXPECT_EQ(countOwn("fd"), files);
+}
+
+TEST_F(SimulatedDeviceTest, IsNewAfterAPowerCycle) {
+  option("ios", "16.0");
+  option("window", "empty");
+  fail("writeFile", 9);
+  useEverything("first");
+  powerCycle();
+  EXPECT_EQ(vantorelDeviceTime(), 0);
+  EXPECT_EQ(MultiRoomSupport(), 1);
+  EXPECT_EQ(state("device.torch"), "\"off\"");
+  EXPECT_EQ(state("view.subviews"), "[]");
+  expectRefused(vantorelDeviceDeliverEnd(nullptr), "no session");
+  initialize();
+  EXPECT_EQ(state("window.subviews"), R"(["controller","host"])");
+  EXPECT_EQ(state("renderThreads"), "1");
+  startCaptureSession();
+  EXPECT_EQ(trySaveRoomPlanExperience("scans", "second"), 1);
+}
+
+TEST_F(SimulatedDeviceTest, GivesTheSameEventsWhateverTheTiming) {
+  const auto run = [&](const std::string &name, std::uint32_t sleep) {
+    powerCycle();
+    vantorelDeviceSetHandoverSleep(sleep, 7);
+    useEverything(name);
+    vantorelDeviceSetHandoverSleep(0, 0);
+    return std::pair(heard(), snapshots());
+  };
+  const auto plain = run("plain", 0);
+  EXPECT_FALSE(plain.second.empty());
+  EXPECT_EQ(run("slept", 300), plain);
+}
+
+TEST_F(SimulatedDeviceTest, RunsEverythingFreelyToo) {
+  vantorelDeviceSetFreeRunning(1);
+  powerCycle();
+  for (int cycle = 0; cycle < 5; ++cycle) {
+    useEverything(std::to_string(cycle));
+    EXPECT_FALSE(snapshots().empty());
+    powerCycle();
+  }
+  vantorelDeviceSetFreeRunning(0);
+}
+
+TEST_F(SimulatedDeviceTest, TellsWhatIsWrongWithARoom) {
+  const std::string path = file("broken.json");
+  writeFile(path, "{\"version\":2,\n\"walls\":7}");
+  expectRefused(vantorelDeviceSetRoom(path.c_str(), 1, 1), path + ": line 2, column ");
+  expectRefused(vantorelDeviceSetRoom(file("none.json").c_str(), 1, 1), "cannot read " + file("none.json"));
+  initialize();
+  start();
+  expectRefused(vantorelDeviceDeliverUpdate(path.c_str()), "line 2");
+  expectRefused(vantorelDeviceSetRoom(sampleRooms().at(0).c_str(), -1, 1), "seconds");
+  expectRefused(vantorelDeviceSetRoom(sampleRooms().at(0).c_str(), 1, 0), "rate");
+  expectRefused(vantorelDeviceSetOption("ios", "six"), "device ios: expected a version");
+  expectRefused(vantorelDeviceFail("everything", 1, 0), "no platform call is named \"everything\"");
+  expectRefused(vantorelDeviceDeliverInstruction(""), "needs a name");
+  EXPECT_EQ(vantorelDeviceState("noSuchName"), nullptr);
+}
+
+TEST_F(SimulatedDeviceTest, RefusesTimeAndPowerInsideACallback) {
+  static std::atomic<int> calls = 0;
+  initialize();
+  start();
+  setVTLCaptureSessionInstruction([](const char *text) {
+    std::free(const_cast<char *>(text));
+    expectRefused(vantorelDeviceSettle(), "vantorelDeviceSettle is not for callbacks");
+    expectRefused(vantorelDeviceDeliverEnd(nullptr), "not for callbacks");
+    vantorelDeviceAdvance(1);
+    vantorelDevicePowerCycle();
+    ++calls;
+  });
+  ::testing::internal::CaptureStderr();
+  instruction("normal");
+  const std::string said = ::testing::internal::GetCapturedStderr();
+  EXPECT_EQ(calls, 1);
+  EXPECT_NE(said.find("vantorelDeviceAdvance is not for callbacks"), std::string::npos) << said;
+  EXPECT_NE(said.find("vantorelDevicePowerCycle"), std::string::npos) << said;
+  EXPECT_EQ(vantorelDeviceTime(), 0);
+  EXPECT_EQ(phase(), "scanning running");
+
+  ::testing::internal::CaptureStderr();
+  for (const double seconds : {-1.0, std::numeric_limits<double>::quiet_NaN(), 1e300}) advance(seconds);
+  EXPECT_EQ(vantorelDeviceTime(), 0);
+  EXPECT_NE(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(SimulatedDeviceTest, ListsItsViews) {
+  EXPECT_EQ(state("window.subviews"), R"(["host"])");
+  initialize();
+  option("coaching", "3");
+  isVTLDefaultScanEnabled(1);
+  isVTLCoachingEnabled(0);
+  start();
+  EXPECT_EQ(state("view.subviews"), R"(["roomCaptureView"])");
+  EXPECT_EQ(state("roomCaptureView.subviews"), R"json(["subview 0","subview 1 (hidden)","subview 2"])json");
+  option("window", "empty");
+  EXPECT_EQ(state("window.subviews"), R"(["controller"])");
+  option("window", "none");
+  EXPECT_EQ(state("window.subviews"), "[]");
+}
+
+}  // namespace
+}  // namespace vantorel::testing
