@@ -1,0 +1,123 @@
+#include "support/TestData.h"
+#include "tools/Host.h"
+#include "tools/LibraryCalls.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <sstream>
+
+namespace vantorel {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// What a script brings, a line an event, without the opening that is the same in all:
+/// {"time":0,"thread":"main",
+class HostTest : public ::testing::Test {
+ protected:
+  Lines play(const std::string &text, bool registers = true) {
+    std::stringstream out, script(text);
+    JsonPrinter printer(out);
+    {
+      Host host(printer, documents_.path());
+      if (registers) registerCallbacks();
+      isGood_ = host.runScript(script);
+    }
+    Lines lines;
+    for (std::string line; std::getline(out, line);) lines.push_back(shortened(line));
+    return lines;
+  }
+
+  static std::string shortened(const std::string &line) {
+    const std::string opening = R"({"time":0,"thread":"main",)";
+    return line.starts_with(opening) ? line.substr(opening.size(), line.size() - opening.size() - 1) : line;
+  }
+
+  std::string file(const std::string &name, const std::string &bytes) const {
+    testing::writeFile(documents_.path() + "/" + name, bytes);
+    return documents_.path() + "/" + name;
+  }
+
+  testing::TemporaryFolder documents_;
+  bool isGood_ = false;
+};
+
+TEST_F(HostTest, KnowsEveryFunctionOfTheHeader) {
+  const std::string header = testing::readFile(VANTOREL_SOURCE_DIR "/include/vantorel/vantorel.h");
+  const std::regex declaration(R"(\nVANTOREL_EXPORT [^;]*?(\w+)\()");
+  int count = 0;
+  for (std::sregex_iterator found(header.begin(), header.end(), declaration), end; found != end;
+       ++found, ++count)
+    EXPECT_NE(play((*found)[1].str() + " 1 2 3 4").at(0).find("expected"), std::string::npos) << (*found)[1];
+  EXPECT_EQ(count, 54);
+}
+
+TEST_F(HostTest, PrintsWhatComesBackWhenItIsDue) {
+  EXPECT_EQ(play("initializeVTL # queued\n\nadvance 0\nVantorelSupport\ngetVantorelVersion"),
+            (Lines{R"("event":"callback","name":"VTLDidStart","value":null)",
+                   R"("event":"return","name":"VantorelSupport","value":true)",
+                   R"("event":"return","name":"getVantorelVersion","value":"Vantorel 1.3.0")"}));
+  EXPECT_TRUE(isGood_);
+  EXPECT_EQ(play("device ios 16.4\nMultiRoomSupport"),
+            (Lines{R"("event":"console","name":null,"value":"This feature is only available for iOS 17+.")",
+                   R"("event":"return","name":"MultiRoomSupport","value":false)"}));
+  EXPECT_EQ(
+      play("initializeVTL\nadvance 0.25\nstartCaptureSession\nadvance 0\ndevice instruction slowDown").back(),
+      R"({"time":0.25,"thread":"delegate","event":"callback","name":"VTLCaptureSessionInstruction","value":"SlowDown"})");
+}
+
+TEST_F(HostTest, RegistersOnlyWhatItIsAskedTo) {
+  EXPECT_EQ(play("initializeVTL\nadvance 0\nsetVTLDidEnd\ndisposeVTL\nadvance 0", false),
+            (Lines{R"("event":"callback","name":"VTLDidEnd","value":null)"}));
+}
+
+TEST_F(HostTest, DropsWhatIsLeftAtTheEnd) { EXPECT_EQ(play("initializeVTL\n"), Lines{}); }
+
+TEST_F(HostTest, GoesOnAfterAnError) {
+  const Lines lines = play(
+      "nonsense\nadvance -1\nadvance 1e400\nadvance nan\nisVTLCoachingEnabled 256\nvtl_shareFile\n"
+      "mergeScans @/no/such a b\nstate nothing\ndevice ios x\ndevice recording f\n"
+      "device fail nothing\ndevice update samples/none.json\n'open\nVantorelSupport");
+  ASSERT_EQ(lines.size(), 14U);
+  for (std::size_t i = 0; i < 13; ++i)
+    EXPECT_TRUE(
+        lines[i].starts_with(R"("event":"error","name":null,"value":"line )" + std::to_string(i + 1) + ": "))
+        << lines[i];
+  EXPECT_EQ(lines[13], R"("event":"return","name":"VantorelSupport","value":true)");
+  EXPECT_FALSE(isGood_);
+}
+
+TEST_F(HostTest, PassesBooleansAsTheByteThatWasWritten) {
+  EXPECT_EQ(play("isVTLCoachingEnabled 2\nstate isCoachingEnabled\nisVTLCoachingEnabled 255\nstate "
+                 "isCoachingEnabled"),
+            (Lines{R"("event":"state","name":"isCoachingEnabled","value":false)",
+                   R"("event":"state","name":"isCoachingEnabled","value":true)"}));
+}
+
+TEST_F(HostTest, ReadsATextFromAFile) {
+  const std::string name = file("name", "of a \"file\"");
+  EXPECT_EQ(play("trySaveRoomPlanExperience d @" + name + "\nstate scanName").back(),
+            R"("event":"state","name":"scanName","value":"of a \"file\"")");
+}
+
+TEST_F(HostTest, PrintsThePropertiesInTheirOrder) {
+  const Lines lines = play("state\nstate device.torch");
+  ASSERT_EQ(lines.size(), 37U);
+  EXPECT_EQ(lines[0], R"("event":"state","name":"isScanning","value":false)");
+  EXPECT_EQ(lines[10], R"("event":"state","name":"capturedRoomsData","value":[])");
+  EXPECT_EQ(lines[16], R"("event":"state","name":"scanName","value":"My new scan")");
+  EXPECT_EQ(lines[35], R"("event":"state","name":"QLModelViewerURL","value":null)");
+}
+
+TEST_F(HostTest, ListsTheDocumentsFolder) {
+  std::filesystem::create_directories(documents_.path() + "/b/c");
+  file("b/c/d", "1234");
+  file("a", "");
+  EXPECT_EQ(play("files"),
+            (Lines{R"("event":"file","name":"a","value":0)", R"("event":"file","name":"b/c/d","value":4)"}));
+}
+
+}  // namespace
+}  // namespace vantorel

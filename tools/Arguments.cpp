@@ -1,0 +1,64 @@
+#include "Arguments.h"
+
+#include "Files.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+namespace vantorel {
+namespace {
+
+template <typename Integer>
+Integer integerArgument(const std::string &word, const std::string &expected) {
+  Integer value{};
+  const char *end = word.data() + word.size();
+  const auto [stop, error] = std::from_chars(word.data(), end, value);
+  if (error != std::errc() || stop != end)
+    throw ScriptError("expected " + expected + ", got " + quotedWord(word));
+  return value;
+}
+
+std::string rangeText(std::size_t least, std::size_t most) {
+  if (most == 0) return "no argument";
+  const std::string range = std::to_string(most) + (most == 1 ? " argument" : " arguments");
+  return least == most ? range : std::to_string(least) + " to " + range;
+}
+
+}  // namespace
+
+void expectArguments(const Words &words, std::size_t least, std::size_t most) {
+  const std::size_t count = words.size() - 1;
+  if (count < least || count > most)
+    throw ScriptError(words[0] + ": expected " + rangeText(least, most) + ", got " + std::to_string(count));
+}
+
+vantorelBool booleanArgument(const std::string &word) {
+  if (word == "true") return 1;
+  if (word == "false") return 0;
+  return integerArgument<vantorelBool>(word, "true, false or 0 to 255");
+}
+
+std::string textArgument(const std::string &word) {
+  return word.starts_with('@') ? readFile(word.substr(1)) : word;
+}
+
+double numberArgument(const std::string &word, double least) {
+  const bool isDecimal = !word.empty() && word.find_first_not_of("+-.0123456789eE") == std::string::npos;
+  char *end = nullptr;
+  const double value = isDecimal ? std::strtod(word.c_str(), &end) : 0;
+  if (end != word.c_str() + word.size() || !std::isfinite(value) || value < least) {
+    const bool hasLeast = least > std::numeric_limits<double>::lowest();
+    throw ScriptError("expected a number" +
+                      (hasLeast ? " from " + std::to_string(static_cast<long>(least)) : "") + ", got " +
+                      quotedWord(word));
+  }
+  return value;
+}
+
+std::uint32_t countArgument(const std::string &word) {
+  return integerArgument<std::uint32_t>(word, "a count");
+}
+
+}  // namespace vantorel

@@ -1,0 +1,30 @@
+#include "Files.h"
+
+#include <fstream>
+#include <stdexcept>
+
+namespace vantorel {
+
+std::string readFile(const std::string &path) {
+  constexpr std::size_t kLargest = std::size_t{1} << 28U;  // an endless file shall not eat the memory
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes;
+  char block[1 << 16];
+  while (file.read(block, sizeof block), file.gcount() > 0) {
+    bytes.append(block, static_cast<std::size_t>(file.gcount()));
+    if (bytes.size() > kLargest) throw std::runtime_error(path + " is too long: expected at most 256 MiB");
+  }
+  if (!file.eof()) throw std::runtime_error("cannot read " + path);
+  return bytes;
+}
+
+std::map<std::string, std::uintmax_t> fileSizes(const std::filesystem::path &folder) {
+  std::map<std::string, std::uintmax_t> sizes;
+  for (const auto &entry : std::filesystem::recursive_directory_iterator(folder)) {
+    const std::string path = entry.path().lexically_relative(folder).generic_string();
+    if (entry.is_regular_file()) sizes[path] = entry.file_size();
+  }
+  return sizes;
+}
+
+}  // namespace vantorel

@@ -1,0 +1,99 @@
+#include "Host.h"
+
+#include "vantorel/simulated_device.h"
+
+#include "Arguments.h"
+#include "DeviceCommands.h"
+#include "DeviceText.h"
+#include "Files.h"
+#include "LibraryCalls.h"
+#include "StateEvents.h"
+
+#include <istream>
+
+namespace vantorel {
+namespace {
+
+constexpr int kEnd = std::istream::traits_type::eof();
+constexpr std::size_t kLongestLine = std::size_t{1} << 28U;
+/// The device counts nanoseconds in 64 bits; this leaves it room.
+constexpr double kLastSecond = 1e9;
+
+/// The next line without its end. One that never ends breaks the stream and throws ScriptError.
+std::string readLine(std::istream &script) {
+  std::string line;
+  for (int c = 0; (c = script.get()) != kEnd && c != '\n';) {
+    line += static_cast<char>(c);
+    if (line.size() <= kLongestLine) continue;
+    script.setstate(std::ios::failbit);
+    throw ScriptError("the line is too long: expected at most 256 MiB");
+  }
+  return line;
+}
+
+void advance(const std::string &word) {
+  const double seconds = numberArgument(word, 0);
+  if (vantorelDeviceTime() + seconds > kLastSecond)
+    throw ScriptError("the device's clock ends at 1000000000 s");
+  vantorelDeviceAdvance(seconds);
+}
+
+void settle() {
+  if (const DeviceText refusal{vantorelDeviceSettle()}) throw ScriptError(refusal.get());
+}
+
+void hearFiles(const std::string &folder) {
+  for (const auto &[path, bytes] : fileSizes(folder))
+    Listening::hear("file", path, EventValue::json(std::to_string(bytes)));
+}
+
+}  // namespace
+
+Host::Host(Printer &printer, std::string documents) : listening_(printer), documents_(std::move(documents)) {
+  if (const DeviceText refusal{vantorelDeviceSetDocumentsDirectory(documents_.c_str())})
+    throw ScriptError(refusal.get());
+}
+
+bool Host::runScript(std::istream &script) {
+  bool isGood = true;
+  for (std::size_t number = 1; script.peek() != kEnd; ++number) isGood &= runLine(script, number);
+  return isGood;
+}
+
+bool Host::runLine(std::istream &script, std::size_t number) {
+  try {
+    const Words words = splitWords(readLine(script));
+    if (!words.empty()) run(words);
+    return true;
+  } catch (const std::exception &error) {
+    const std::string message = "line " + std::to_string(number) + ": " + error.what();
+    Listening::hear("error", std::nullopt, EventValue::text(message));
+    return false;
+  }
+}
+
+void Host::run(const Words &words) const {
+  struct Command {
+    std::string_view name;
+    std::size_t least, most;
+    void (*run)(const Words &words, const std::string &documents);
+  };
+  static constexpr Command kCommands[] = {
+      {"advance", 1, 1, [](const Words &line, const std::string &) { advance(line[1]); }},
+      {"settle", 0, 0, [](const Words &, const std::string &) { settle(); }},
+      {"state", 0, 1,
+       [](const Words &line, const std::string &) {
+         line.size() > 1 ? hearProperty(line[1]) : hearProperties();
+       }},
+      {"files", 0, 0, [](const Words &, const std::string &documents) { hearFiles(documents); }},
+      {"device", 1, 17, [](const Words &line, const std::string &) { runDeviceCommand(line); }},
+  };
+  for (const Command &command : kCommands) {
+    if (command.name != words[0]) continue;
+    expectArguments(words, command.least, command.most);
+    return command.run(words, documents_);
+  }
+  if (!callLibrary(words)) throw ScriptError("unknown command " + quotedWord(words[0]));
+}
+
+}  // namespace vantorel
