@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/FileManager.h"
+
+namespace vantorel::apple {
+
+class AppleFileManager final : public FileManager {
+ public:
+  std::string documentsDirectory() override;
+  bool fileExists(const std::string &path) override;
+  void createDirectory(const std::string &path) override;
+  void writeFile(const std::string &path, std::string_view bytes) override;
+};
+
+}  // namespace vantorel::apple

@@ -1,0 +1,22 @@
+#include "platform/apple/Border.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+void vantorel::apple::stopProcess(std::string_view message) {
+  std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
+  std::abort();
+}
+
+using namespace vantorel::apple;
+
+void vantorel_core_drop(void *context) noexcept { delete static_cast<Context *>(context); }
+
+void vantorel_core_run(void *work) noexcept {
+  const std::unique_ptr<std::function<void()>> owned(static_cast<std::function<void()> *>(work));
+  (*owned)();
+}
+
+void vantorel_core_text(void *text, const char *utf8, size_t length) noexcept {
+  static_cast<std::string *>(text)->assign(utf8, length);
+}

@@ -1,0 +1,63 @@
+// The device itself: system, console, files, queues and threads.
+import ARKit
+import Foundation
+import VantorelSwift
+
+@_cdecl("vantorel_swift_console_print")
+public func vantorel_swift_console_print(_ line: UnsafePointer<CChar>) { print(String(cString: line)) }
+
+@_cdecl("vantorel_swift_is_ios17")
+public func vantorel_swift_is_ios17() -> Bool {
+    if #available(iOS 17.0, *) { return true } else { return false }
+}
+
+@_cdecl("vantorel_swift_supports_scene_reconstruction")
+public func vantorel_swift_supports_scene_reconstruction() -> Bool {
+    ARWorldTrackingConfiguration.supportsSceneReconstruction(.mesh)
+}
+
+// ---- Files ----
+
+@_cdecl("vantorel_swift_documents_directory")
+public func vantorel_swift_documents_directory(_ text: UnsafeMutableRawPointer, _ error: UnsafeMutableRawPointer) -> Bool {
+    succeeds(orWriteTo: error) {
+        let files = FileManager.default
+        write(try files.url(for: .documentDirectory, in: .userDomainMask, appropriateFor: nil, create: false).path, to: text)
+    }
+}
+
+@_cdecl("vantorel_swift_file_exists")
+public func vantorel_swift_file_exists(_ path: UnsafePointer<CChar>) -> Bool {
+    FileManager.default.fileExists(atPath: String(cString: path))
+}
+
+@_cdecl("vantorel_swift_create_directory")
+public func vantorel_swift_create_directory(_ path: UnsafePointer<CChar>, _ error: UnsafeMutableRawPointer) -> Bool {
+    succeeds(orWriteTo: error) {
+        try FileManager.default.createDirectory(atPath: String(cString: path), withIntermediateDirectories: true)
+    }
+}
+
+@_cdecl("vantorel_swift_write_file")
+public func vantorel_swift_write_file(_ path: UnsafePointer<CChar>, _ bytes: UnsafeRawPointer?, _ length: Int, _ error: UnsafeMutableRawPointer) -> Bool {
+    succeeds(orWriteTo: error) {
+        try Data(UnsafeRawBufferPointer(start: bytes, count: length)).write(to: URL(fileURLWithPath: String(cString: path)))
+    }
+}
+
+// ---- Queues and threads ----
+
+@_cdecl("vantorel_swift_main_async")
+public func vantorel_swift_main_async(_ work: UnsafeMutableRawPointer) {
+    nonisolated(unsafe) let work = work
+    DispatchQueue.main.async { vantorel_core_run(work) }
+}
+
+@_cdecl("vantorel_swift_start_thread")
+public func vantorel_swift_start_thread(_ work: UnsafeMutableRawPointer) {
+    nonisolated(unsafe) let work = work
+    Thread { vantorel_core_run(work) }.start()
+}
+
+@_cdecl("vantorel_swift_run_current_run_loop")
+public func vantorel_swift_run_current_run_loop() { RunLoop.current.run() }
