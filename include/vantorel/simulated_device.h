@@ -3,12 +3,13 @@
  * docs/simulated-device.md tells the whole story.
  *
  * Conventions
- *  (1) Everything here is called from the host's main thread, never from a callback, except
- * vantorelDeviceThread and vantorelDeviceTime. (2) A `char *` result is null when all went well, else a
- * message for the developer, which the host frees with free(). A refused call changes nothing.
- * vantorelDeviceState returns its text the same way it is freed. (3) Time is virtual. It stands still until
- * vantorelDeviceAdvance or vantorelDeviceSettle moves it; queued work runs nowhere else. Times are seconds
- * since the power cycle. (4) None of these functions exists on an iPhone.
+ *  (1) Everything here is called from the host's main thread, never from a callback, except vantorelDeviceThread
+ *      and vantorelDeviceTime.
+ *  (2) A `char *` result is null when all went well, else a message for the developer, which the host frees with
+ *      free(). A refused call changes nothing. What vantorelDeviceState returns is freed the same way.
+ *  (3) Time is virtual. It stands still until vantorelDeviceAdvance or vantorelDeviceSettle moves it; queued work
+ *      runs nowhere else. Times are seconds since the power cycle.
+ *  (4) None of these functions exists on an iPhone.
  */
 #ifndef VANTOREL_SIMULATED_DEVICE_H
 #define VANTOREL_SIMULATED_DEVICE_H
@@ -29,8 +30,7 @@ VANTOREL_EXPORT void vantorelDevicePowerCycle(void) VANTOREL_NOEXCEPT;
  * delegate, completion, main, render. */
 VANTOREL_EXPORT void vantorelDeviceAdvance(double seconds) VANTOREL_NOEXCEPT;
 
-/** Advances until only periodic work is left, a running scan played to its end; refuses to go on after 600 s.
- */
+/** Advances until only periodic work is left, a running scan played to its end; gives up after 600 s. */
 VANTOREL_EXPORT char *vantorelDeviceSettle(void) VANTOREL_NOEXCEPT;
 
 VANTOREL_EXPORT double vantorelDeviceTime(void) VANTOREL_NOEXCEPT;
@@ -67,9 +67,15 @@ VANTOREL_EXPORT char *vantorelDeviceState(const char *name) VANTOREL_NOEXCEPT;
 /** Where scans are saved; created when absent. Default: the working directory. */
 VANTOREL_EXPORT char *vantorelDeviceSetDocumentsDirectory(const char *path) VANTOREL_NOEXCEPT;
 
-/** An option by name: ios "16.4" | lidar on,off | torch present,absent,refused,nodevice | window
- * full,bare,empty,none | coaching "2" | tracking normal,limited,unavailable,auto | map present,none | camera,
- * projection: 16 numbers, column by column, separated by blanks. */
+/** Options and their values:
+ *    ios         a version, "16.0" or later
+ *    lidar       on, off
+ *    torch       present, absent, refused, nodevice
+ *    window      full, bare (no root controller), empty (no host view), none
+ *    coaching    how many subviews the platform's scan view has
+ *    tracking    normal, limited, unavailable, auto (stored; nothing asks for it in this version)
+ *    map         present, none (likewise)
+ *    camera, projection   16 numbers, column by column, separated by blanks */
 VANTOREL_EXPORT char *vantorelDeviceSetOption(const char *name, const char *value) VANTOREL_NOEXCEPT;
 
 /** After `skip` more calls of the platform call `call`, the next `count` fail. docs/simulated-device.md lists

@@ -4,19 +4,21 @@
  * Conventions
  *  (1) Texts in are NUL-terminated UTF-8, read during the call and never kept. Ill-formed UTF-8 is repaired
  *      (U+FFFD), never refused. A null pointer is not allowed.
- *  (2) Texts out, as results or to the two text callbacks, are fresh heap copies. The host frees each one
- * with the C library's free(). An empty text is one NUL byte, never a null pointer. (3) Booleans are one
- * byte. Only bit 0 counts on the way in, so 2 means false; results are 0 or 1. (4) Functions run on the
- * thread that calls them: call from the main thread. Only initializeVTL and disposeVTL do their work later,
- * on the main queue. (5) Callbacks are plain function pointers, registered before initializeVTL. Room updates
- * and everything the host itself asked for arrive on the main thread; instructions arrive on the platform's
- * delegate thread, and the end of a stop with a world map on a thread of the platform's choice. (6) There are
- * no error codes. An operation whose state does not fit does nothing; a failure prints one line to the
- * console. Only trySaveRoomPlanExperience reports back. (7) Lengths are metres; matrices are named where they
- * leave the library.
+ *  (2) Texts out, as results or to the two text callbacks, are fresh heap copies. The host frees each one with
+ *      the C library's free(). An empty text is one NUL byte, never a null pointer.
+ *  (3) Booleans are one byte. Only bit 0 counts on the way in, so 2 means false; results are 0 or 1.
+ *  (4) Functions run on the thread that calls them: call from the main thread. Only initializeVTL and disposeVTL
+ *      do their work later, on the main queue.
+ *  (5) Callbacks are plain function pointers, registered before initializeVTL. Room updates and everything the
+ *      host itself asked for arrive on the main thread; instructions arrive on the platform's delegate thread.
+ *  (6) There are no error codes. An operation whose state does not fit does nothing; a failure prints one line to
+ *      the console. Only trySaveRoomPlanExperience reports back.
+ *  (7) Lengths are metres; matrices are named where they leave the library.
+ *  (8) Not in this version: merging, world maps, and the media functions but for the torch. Their functions print
+ *      that they are not available and do nothing else; a save with several closed rooms saves the last one.
  *
- * What it does not do: it draws nothing of its own, keeps no settings, reads no environment variable, and
- * never writes into a scan folder that exists.
+ * What it does not do: it draws nothing of its own, keeps no settings, reads no environment variable, and never
+ * writes into a scan folder that exists.
  */
 #ifndef VANTOREL_VANTOREL_H
 #define VANTOREL_VANTOREL_H
@@ -94,28 +96,29 @@ VANTOREL_EXPORT void pauseCaptureSessionScanning(void) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void resumeCaptureSessionScanning(void) VANTOREL_NOEXCEPT;
 /** iOS 17. Closes the current room and starts the next one in the same space. */
 VANTOREL_EXPORT void createNewRoomCaptureSession(void) VANTOREL_NOEXCEPT;
-/** iOS 17. Starts a session from the world map in the file `path`. */
+/** Not in this version. iOS 17: starts a session from the world map in the file `path`. */
 VANTOREL_EXPORT void startCaptureSessionWithARWorldMap(const char *path) VANTOREL_NOEXCEPT;
-/** iOS 17. Stops and writes the world map to the text `path` + "WorldMap/scan"; that folder must exist. */
+/** Not in this version. iOS 17: stops and writes the world map to `path` + "WorldMap/scan". */
 VANTOREL_EXPORT void stopCaptureSessionWithARWorldMap(const char *path) VANTOREL_NOEXCEPT;
 
 /* ---- Saving and merging ---- */
 
-/** Saves the last room into documents / directoryName / scanName ("scan.json", "scan.usdz"), unless that
- * folder exists. With more than one room closed on iOS 17 it merges them instead. */
+/** Saves the last room into documents / directoryName / scanName ("scan.json", "scan.usdz"), unless that folder
+ * exists. Without a room "scan.json" holds null and there is no model. */
 VANTOREL_EXPORT void saveRoomPlanExperience(const char *directoryName,
                                             const char *scanName) VANTOREL_NOEXCEPT;
-/** The same; 1 when all files were written or a merge was started, 0 when the folder existed or something
- * failed. */
+/** The same; 1 when all that was to be written is, 0 when the folder existed or something failed. */
 VANTOREL_EXPORT vantorelBool trySaveRoomPlanExperience(const char *directoryName,
                                                        const char *scanName) VANTOREL_NOEXCEPT;
-/** iOS 17. Merges room texts joined by "_|+++++AMBER_WREN+++++|_" into one structure and saves it. */
+/** Not in this version. iOS 17: merges room texts joined by "_|+++++AMBER_WREN+++++|_" and saves them. */
 VANTOREL_EXPORT void mergeScans(const char *data, const char *directoryName,
                                 const char *scanName) VANTOREL_NOEXCEPT;
 
 /* ---- Media, sharing, torch ---- */
 
+/** Silent without a torch, or when the camera refuses. */
 VANTOREL_EXPORT void setFlashlightStatus(vantorelBool value) VANTOREL_NOEXCEPT;
+/* From here to the queries: not in this version, but for the flags, which are stored. */
 VANTOREL_EXPORT void vtl_QuickLook(const char *path) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void vtl_shareFolder(const char *path) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void vtl_shareFile(const char *path) VANTOREL_NOEXCEPT;
@@ -147,8 +150,7 @@ VANTOREL_EXPORT vantorelBool VantorelSupport(void) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT vantorelBool MultiRoomSupport(void) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT vantorelBool ARWorldMapSupport(void) VANTOREL_NOEXCEPT;
 
-/* ---- Callbacks: each setter fills one slot for the life of the process; a second call replaces the first
- * ---- */
+/* ---- Callbacks: each setter fills a slot for the life of the process; a second call replaces the first ---- */
 
 VANTOREL_EXPORT void setVTLDidStart(vantorelCallback callback) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void setVTLDidEnd(vantorelCallback callback) VANTOREL_NOEXCEPT;
@@ -157,15 +159,15 @@ VANTOREL_EXPORT void setVTLCaptureSessionDidEnd(vantorelCallback callback) VANTO
 /** DidAdd, DidChange and DidRemove can be registered so that bindings keep their shape; they are never
  * called. */
 VANTOREL_EXPORT void setVTLCaptureSessionDidAdd(vantorelCallback callback) VANTOREL_NOEXCEPT;
-/** Follows each VTLRoomSnapshot, main thread. */
+/** After each room that was not empty, behind its VTLRoomSnapshot; main thread. */
 VANTOREL_EXPORT void setVTLCaptureSessionDidUpdate(vantorelCallback callback) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void setVTLCaptureSessionDidChange(vantorelCallback callback) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void setVTLCaptureSessionDidRemove(vantorelCallback callback) VANTOREL_NOEXCEPT;
 /** "MoveCloseToWall", "MoveAwayFromWall", "SlowDown", "TurnOnLight", "Normal", "LowTexture" or "None";
  * delegate thread. */
 VANTOREL_EXPORT void setVTLCaptureSessionInstruction(vantorelTextCallback callback) VANTOREL_NOEXCEPT;
-/** The whole room as the platform's JSON, pretty-printed with sorted keys, after every update; main thread.
- */
+/** The whole room as the platform's JSON, pretty-printed with sorted keys, at every update that is not empty and
+ * not paused; main thread. */
 VANTOREL_EXPORT void setVTLRoomSnapshot(vantorelTextCallback callback) VANTOREL_NOEXCEPT;
 
 #ifdef __cplusplus

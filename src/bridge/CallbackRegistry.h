@@ -1,6 +1,8 @@
 // The host's ten callback slots. A leaf: anyone may include it.
 #pragma once
 
+#include "base/Guarded.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <optional>
@@ -8,22 +10,21 @@
 
 namespace vantorel {
 
-/// One host function pointer. Set on the host's main thread, never while it fires; read at the moment of the
-/// event. A null pointer is stored like any other.
+/// One host function pointer, set at any time and read at the moment of the event, on any thread. A null pointer is
+/// stored like any other.
 template <typename Function>
 class CallbackSlot {
  public:
-  void set(Function function) { function_ = function; }
-  bool isSet() const { return function_.has_value(); }
-
+  void set(Function function) { function_.store(function); }
+  /// Nothing when the host has not registered one.
+  std::optional<Function> get() const { return function_.load(); }
   /// Calls the host on this thread, or does nothing when the slot is empty.
-  template <typename... Arguments>
-  void fire(Arguments... arguments) const {
-    if (function_) (*function_)(arguments...);
+  void fire() const {
+    if (const auto function = get()) (*function)();
   }
 
  private:
-  std::optional<Function> function_;
+  Guarded<std::optional<Function>> function_;
 };
 
 struct CallbackRegistry {
@@ -35,8 +36,8 @@ struct CallbackRegistry {
   Event VTLDidEnd;
   Event VTLCaptureSessionDidStart;
   Event VTLCaptureSessionDidEnd;
-  Event VTLCaptureSessionDidAdd;  // never fired, as DidChange and DidRemove: they keep the host's binding in
-                                  // shape
+  // Never fired, as DidChange and DidRemove: they keep the host's binding in shape.
+  Event VTLCaptureSessionDidAdd;
   Event VTLCaptureSessionDidUpdate;
   Event VTLCaptureSessionDidChange;
   Event VTLCaptureSessionDidRemove;

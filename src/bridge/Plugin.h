@@ -9,7 +9,7 @@ namespace vantorel {
 
 class VTLViewController;
 
-/// All that is static in the library: the host's callbacks and the one controller.
+/// All that is static in the core: the host's callbacks and the one controller.
 class Plugin {
  public:
   CallbackRegistry callbacks;

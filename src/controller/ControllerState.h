@@ -17,8 +17,8 @@
 namespace vantorel {
 
 /// The controller's stored properties in their order, with their defaults. Nothing resets them after
-/// construction but the operations that say so. Members that delegate or completion threads touch are atomic
-/// or guarded; all others belong to the main thread.
+/// construction but the operations that say so. Members that the platform's threads touch, or will with world
+/// maps, are atomic or guarded; all others belong to the main thread.
 struct ControllerState {
   std::atomic<bool> isScanning{false};
   bool isPresent = false;
@@ -30,16 +30,15 @@ struct ControllerState {
   bool isTorchEnabled = false;
   std::atomic<bool> isCustomXREnabled{false};
   bool isMultiRoomEnabled = false;
-  std::vector<std::string>
-      capturedRoomsData;  ///< one room text per closed room; empty when no update had come
+  std::vector<std::string> capturedRoomsData;  ///< a room text per closed room, "" when no update had come
   bool isARWorldMapEnabled = false;
   std::atomic<bool> isRoomPlanSessionScanningPaused{false};
   Float4x4 arCameraMatrix;
   Float4x4 arCameraProjectionMatrix;
   std::string directoryName = "model-viewer";
   std::string scanName = "My new scan";
-  std::shared_ptr<CapturedRoom> finalResults;       ///< the last room that was not empty
-  std::weak_ptr<RoomCaptureViewDelegate> delegate;  ///< unset and unread, kept for hosts that subclass
+  std::shared_ptr<CapturedRoom> finalResults;                   ///< the last room that was not empty
+  std::weak_ptr<RoomCaptureViewDelegate> delegate;              ///< never set, only shown
   Guarded<std::shared_ptr<RoomCaptureSession>> captureSession;  ///< read through VTLViewController::session
   Guarded<std::shared_ptr<RoomCaptureView>> roomCaptureView;
   std::shared_ptr<RootViewController> rootViewController;

@@ -57,10 +57,10 @@ void VTLViewController::MergeScans(const std::string &, const std::string &, con
   notYetAvailable("mergeScans");
 }
 void VTLViewController::startCaptureSessionWithARWorldMap(const std::string &) {
-  notYetAvailable("startCaptureSessionWithARWorldMap");
+  if (!isScanning && requireIOS17()) notYetAvailable("startCaptureSessionWithARWorldMap");
 }
 void VTLViewController::stopCaptureSessionWithARWorldMap(const std::string &) {
-  notYetAvailable("stopCaptureSessionWithARWorldMap");
+  if (isScanning && requireIOS17()) notYetAvailable("stopCaptureSessionWithARWorldMap");
 }
 void VTLViewController::QuickLook(const std::string &) { notYetAvailable("vtl_QuickLook"); }
 void VTLViewController::ShareText(const std::string &) { notYetAvailable("shareText"); }

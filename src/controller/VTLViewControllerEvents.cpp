@@ -34,18 +34,18 @@ void VTLViewController::SendRoomSnapshot(const CapturedRoom &room) {
   } catch (const PlatformError &) {
     return;
   }
-  if (!callbacks_.VTLRoomSnapshot.isSet()) return;
+  const auto callback = callbacks_.VTLRoomSnapshot.get();
+  if (!callback) return;
   const char *copy = copyForHost(roomFinalStringResults);
   if (!copy) platform_.stop(kNilUnwrapped);
-  callbacks_.VTLRoomSnapshot.fire(copy);
+  (*callback)(copy);
 }
 
 void VTLViewController::captureSessionDidProvide(Instruction instruction) {
   if (isRoomPlanSessionScanningPaused || !isInstructionEnabled) return;
   const std::string text = instructionText(instruction);
   roomInstructionStringResults.store(text);
-  if (callbacks_.VTLCaptureSessionInstruction.isSet())
-    callbacks_.VTLCaptureSessionInstruction.fire(copyForHost(text));
+  if (const auto callback = callbacks_.VTLCaptureSessionInstruction.get()) (*callback)(copyForHost(text));
 }
 
 void VTLViewController::captureSessionDidEnd(std::optional<std::string> errorDescription) {

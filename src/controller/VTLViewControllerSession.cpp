@@ -4,8 +4,8 @@
 namespace vantorel {
 namespace {
 
-constexpr std::size_t kCoachingOverlay =
-    1;  // its place in the scan view's subviews; the platform gives no name
+/// Its place among the scan view's subviews; the platform gives it no name.
+constexpr std::size_t kCoachingOverlay = 1;
 
 /// Takes the view off the screen and forgets it.
 template <typename SomeView>

@@ -14,7 +14,7 @@ class ARSessionDelegate {
   virtual ~ARSessionDelegate() = default;
 };
 
-/// Degrees of clockwise turn do not cross; the platform's own cases do.
+/// How the interface is turned.
 enum class InterfaceOrientation { unknown, portrait, portraitUpsideDown, landscapeLeft, landscapeRight };
 
 struct ProjectionRequest {

@@ -51,7 +51,7 @@ class RoomCaptureSession {
   virtual void stop() = 0;
   /// iOS 17.
   virtual void stop(bool pauseARSession) = 0;
-  /// Never null, the same for the session's life.
+  /// Never null, the same session for life. Not to be compared by pointer.
   virtual std::shared_ptr<ARSession> arSession() = 0;
   /// Held weakly by the platform.
   virtual void setDelegate(std::weak_ptr<RoomCaptureSessionDelegate> delegate) = 0;

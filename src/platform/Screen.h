@@ -15,8 +15,7 @@ namespace vantorel {
 class View {
  public:
   virtual ~View() = default;
-  /// Nothing happens when it is in no view. Also called on completion threads: the platform hops to main if
-  /// it must.
+  /// Nothing happens when it is in no view. Any thread: the platform hops to main if it must.
   virtual void removeFromSuperview() = 0;
 };
 
