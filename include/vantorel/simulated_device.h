@@ -6,7 +6,7 @@
  *  (1) Everything here is called from the host's main thread, never from a callback, except vantorelDeviceThread
  *      and vantorelDeviceTime.
  *  (2) A `char *` result is null when all went well, else a message for the developer, which the host frees with
- *      free(). A refused call changes nothing. What vantorelDeviceState returns is freed the same way.
+ *      free(). A refused call changes nothing. A null text counts as an empty one, except where null has a meaning. What vantorelDeviceState returns is freed the same way.
  *  (3) Time is virtual. It stands still until vantorelDeviceAdvance or vantorelDeviceSettle moves it; queued work
  *      runs nowhere else. Times are seconds since the power cycle.
  *  (4) None of these functions exists on an iPhone.
@@ -27,8 +27,8 @@ extern "C" {
 VANTOREL_EXPORT void vantorelDevicePowerCycle(void) VANTOREL_NOEXCEPT;
 
 /** Runs everything that is due in the next `seconds` (0: what is due now), in order of time; at equal times
- * delegate, completion, main, render. */
-VANTOREL_EXPORT void vantorelDeviceAdvance(double seconds) VANTOREL_NOEXCEPT;
+ * delegate, completion, main, render. Not for callbacks; the clock ends at 1e9 s. */
+VANTOREL_EXPORT char *vantorelDeviceAdvance(double seconds) VANTOREL_NOEXCEPT;
 
 /** Advances until only periodic work is left, a running scan played to its end; gives up after 600 s. */
 VANTOREL_EXPORT char *vantorelDeviceSettle(void) VANTOREL_NOEXCEPT;
@@ -57,7 +57,10 @@ VANTOREL_EXPORT void vantorelDeviceSetObserver(vantorelDeviceObserver observer) 
 
 /** JSON of one value: a property of the controller by its name, or "window.subviews", "view.subviews",
  *  "captureSession.isRunning", "roomCaptureSessionConfig.isCoachingEnabled", "renderThreads", "device.torch",
- *  "roomCaptureView.subviews" (hidden ones are marked).
+ *  "roomCaptureView.subviews" (hidden ones are marked); or what the library told the platform:
+ *  "window.isClear", "rootView.isTransparent", "view.ignoresTouches", "navigationController.dismissals",
+ *  "roomCaptureView.settings", "sceneView.settings", "displayLink.settings",
+ *  "captureSession.usesHostARSession", "arSession.hasDelegate".
  *  With a null name: one object of the controller's 36 properties in their order. Null for an unknown name.
  */
 VANTOREL_EXPORT char *vantorelDeviceState(const char *name) VANTOREL_NOEXCEPT;
@@ -87,8 +90,8 @@ VANTOREL_EXPORT char *vantorelDeviceFail(const char *call, uint32_t count, uint3
 /** The next run of a session scans the room in this file within `seconds`, at `rate` updates a second. */
 VANTOREL_EXPORT char *vantorelDeviceSetRoom(const char *path, double seconds, double rate) VANTOREL_NOEXCEPT;
 
-/** These three happen at once on the delegate thread, before the call returns; they reach the current
- * session's delegate whether the session runs or not. */
+/** These three happen at once on the delegate thread, before the call returns (in the free-running mode they
+ * are only handed over by then); they reach the current session's delegate whether the session runs or not. */
 VANTOREL_EXPORT char *vantorelDeviceDeliverUpdate(const char *path) VANTOREL_NOEXCEPT;
 /** A case by its name, as "moveCloseToWall"; names of later systems are allowed. */
 VANTOREL_EXPORT char *vantorelDeviceDeliverInstruction(const char *name) VANTOREL_NOEXCEPT;

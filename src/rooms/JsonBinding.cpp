@@ -10,6 +10,20 @@ Function *required(Function *function, const JsonType &type, const char *got) {
   return function;
 }
 
+bool isInsideCharacter(const std::string &text, std::size_t at) {
+  return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
+}
+
+/// Without its middle when it is long.
+std::string shortened(const std::string &path) {
+  constexpr std::size_t kLongest = 100, kKept = 45;
+  if (path.size() <= kLongest) return path;
+  std::size_t head = kKept, tail = path.size() - kKept;
+  while (isInsideCharacter(path, head)) --head;
+  while (isInsideCharacter(path, tail)) ++tail;
+  return path.substr(0, head) + " ... " + path.substr(tail);
+}
+
 }  // namespace
 
 JsonSlot JsonBinder::slotOrOptional(std::size_t offset) {
@@ -91,7 +105,7 @@ std::string JsonBinder::keyPath() const {
       path.append(path.empty() ? "" : ".").append(frame.key);
     }
   }
-  return path;
+  return shortened(path);
 }
 
 }  // namespace vantorel

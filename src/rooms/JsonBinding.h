@@ -67,7 +67,7 @@ class JsonBinder {
   void begin(std::size_t offset, bool isArray);
   void end(std::size_t offset);
 
-  /// The value that was read last: where it starts and the keys that lead to it.
+  /// The value that was read last: where it starts and the keys that lead to it, of which long paths lack the middle.
   std::size_t offset() const { return offset_; }
   std::string keyPath() const;
 

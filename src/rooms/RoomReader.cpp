@@ -120,7 +120,7 @@ RoomReadError errorAt(std::string_view text, std::size_t offset, std::string key
 }
 
 /// Parses the text, which it destroys. RapidJSON recurses; the binder ends that at kDeepest levels, which
-/// take less than 100 KB of stack. Its iterative way takes a quarter more time.
+/// take little stack. Its iterative way is slower.
 void parse(CutText &text, JsonBinder &binder) {
   auto fail = [&](std::size_t offset, const std::string &reason) {
     throw errorAt(text.whole, text.wholeOffset(offset), binder.keyPath(), reason);
@@ -160,7 +160,7 @@ void requireUtf8(std::string_view text) {
   throw errorAt(text, static_cast<std::size_t>(place), "", "the text is not UTF-8");
 }
 
-constexpr std::size_t kLongest = std::size_t{1} << 31;  // RapidJSON counts in 32 bits
+static_assert(kLongestRoom < std::size_t{1} << 32U, "RapidJSON counts in 32 bits");
 
 }  // namespace
 
@@ -174,7 +174,7 @@ RoomReadError::RoomReadError(std::size_t atLine, std::size_t atColumn, std::stri
 
 RoomDocument readRoom(std::string_view text) {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-  if (text.size() >= kLongest) throw RoomReadError(1, 1, "", "the text is longer than 2 GiB");
+  if (text.size() > kLongestRoom) throw RoomReadError(1, 1, "", "the text is longer than 1 GiB");
   CutText cut = CutText::withoutCoreModel(text);
   if (!isAscii(cut.shortened)) requireUtf8(text);
   const char *cutFrom = cut.at == CutText::kNothing ? nullptr : text.data() + cut.at;

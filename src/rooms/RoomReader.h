@@ -17,6 +17,10 @@ struct RoomReadError : std::runtime_error {
   std::string keyPath;       ///< empty at the top
 };
 
+/// The longest text of a room, in bytes: far more than any room has, and keeps a wrong file, as a device that
+/// never ends, from filling the memory.
+inline constexpr std::size_t kLongestRoom = std::size_t{1} << 30U;
+
 /// Reads the JSON of a captured room, pretty or compact, keys in any order, unknown keys ignored. Numbers
 /// round once, to their member's width. Throws RoomReadError, for a structure of several rooms too. Pure; any
 /// thread.

@@ -136,7 +136,7 @@ void UsdText::tuple(std::span<const float> values) {
   char *end = text;
   std::string_view separator = "(";
   for (float value : values) {
-    const NumberText &number = textOf(value);
+    const CachedFloat &number = textOf(value);
     end = std::copy(separator.begin(), separator.end(), end);
     separator = ", ";
     std::memcpy(end, number.text.data(), kFloatTextMax);  // a constant size copies faster than the right one
@@ -146,9 +146,9 @@ void UsdText::tuple(std::span<const float> values) {
   out_.append(text, end);
 }
 
-const UsdText::NumberText &UsdText::textOf(float value) {
+const UsdText::CachedFloat &UsdText::textOf(float value) {
   const auto bits = std::bit_cast<std::uint32_t>(value);
-  NumberText &recent = recentNumbers_[bits * 0x9e3779b1u >> 26];  // multiplicative hash to 6 bits
+  CachedFloat &recent = recentNumbers_[bits * 0x9e3779b1u >> 26];  // multiplicative hash to 6 bits
   if (recent.length > 0 && recent.bits == bits) return recent;
   if (!std::isfinite(value)) throw std::runtime_error("a number of the room is not finite");
   recent.bits = bits;

@@ -47,9 +47,8 @@ class UsdText {
   void transform(const Float4x4 &matrix);
 
  private:
-  /// The text of a number lately written. Meshes repeat few numbers many times; making the digits anew each
-  /// time costs half as much time again for a whole layer.
-  struct NumberText {
+  /// The text of a number lately written: meshes repeat few numbers many times.
+  struct CachedFloat {
     std::uint32_t bits = 0;
     std::uint8_t length = 0;  ///< 0: none yet
     std::array<char, kFloatTextMax> text{};
@@ -61,14 +60,14 @@ class UsdText {
   void endLine(Metadata metadata);
   void integer(int value);
   void tuple(std::span<const float> values);  // at most kTupleMax
-  const NumberText &textOf(float value);
+  const CachedFloat &textOf(float value);
   template <typename Items, typename Write>
   void list(char open, const Items &items, char close, Write write);
 
   std::string &out_;
   std::string path_;
   std::size_t depth_ = 0;
-  std::array<NumberText, 64> recentNumbers_;
+  std::array<CachedFloat, 64> recentNumbers_;
 };
 
 }  // namespace vantorel

@@ -12,7 +12,7 @@
 extern "C" {
 void standin_connect_scene();
 void standin_run_main_loop();
-void standin_print_views();
+char *standin_views();
 void standin_scan(const char *path);
 char *standin_room_text();
 }
@@ -39,6 +39,11 @@ void expect(bool holds, const char *what) {
   if (!holds) ++failures;
 }
 
+void expectViews(const char *wanted) {
+  const std::string views = taken(standin_views());
+  expect(views == wanted, ("the views are " + views).c_str());
+}
+
 /// Lets the main thread run until `count` is there, for two seconds at most.
 void waitFor(const int &count) {
   for (int i = 0; i < 200 && count == 0; ++i) standin_run_main_loop();
@@ -59,7 +64,7 @@ void scan() {
   expect(starts == 0, "initialise does nothing inside the call");
   waitFor(starts);
   startCaptureSession();
-  standin_print_views();
+  expectViews("clear UIWindow(untouchable UIView(ARSCNView), clear UIView)");
   waitFor(updates);
 }
 
@@ -79,7 +84,7 @@ void finish() {
   stopCaptureSession();
   disposeVTL();
   waitFor(ends);
-  standin_print_views();
+  expectViews("clear UIWindow(untouchable UIView, clear UIView)");
 }
 
 }  // namespace

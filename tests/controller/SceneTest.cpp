@@ -75,5 +75,65 @@ TEST_F(Scene, PreparesResourcesAndForgetsThem) {
   EXPECT_EQ(state("view.subviews"), onScreen) << "the live view stays, and nobody holds it";
 }
 
+TEST_F(Scene, OpensTheWayToTheCameraUnlessTheHostRenders) {
+  const char *kLink = R"({"mode":"common","minimum":10,"maximum":59,"preferred":0,"framesPerSecond":59})";
+  const struct {
+    const char *name, *fresh, *initialized, *forAHostThatRenders;
+  } table[] = {
+      {"window.isClear", "false", "true", "false"},
+      {"rootView.isTransparent", "false", "true", "false"},
+      {"view.ignoresTouches", "false", "true", "true"},
+      {"displayLink.settings", "null", kLink, "null"},
+      {"navigationController.dismissals", "0", "0", "0"},
+  };
+  for (const auto &row : table) EXPECT_EQ(state(row.name), row.fresh) << row.name;
+  initialize();
+  for (const auto &row : table) EXPECT_EQ(state(row.name), row.initialized) << row.name;
+  disposeVTL();
+  EXPECT_EQ(state("navigationController.dismissals"), "0") << "it is queued";
+  advance();
+  EXPECT_EQ(state("navigationController.dismissals"), "1");
+
+  powerCycle();
+  isVTLCustomXREnabled(1);
+  initialize();
+  for (const auto &row : table) EXPECT_EQ(state(row.name), row.forAHostThatRenders) << row.name;
+}
+
+TEST_F(Scene, ShowsEachModeThroughItsOwnViewAndSession) {
+  const char *kCamera =
+      R"({"frame":[0,0,390,844],"hasSession":true,"hasDelegate":true,"antialiasingMode":0,)"
+      R"("automaticallyUpdatesLighting":false,"rendersCameraGrain":false,"rendersMotionBlur":false,)"
+      R"("preferredFramesPerSecond":30})";
+  const char *kModel = R"({"frame":[0,0,390,844],"isModelEnabled":true,"hasDelegate":true})";
+  const char *kNoModel = R"({"frame":[0,0,390,844],"isModelEnabled":false,"hasDelegate":true})";
+  const struct {
+    const char *ios;
+    bool customXR, defaultScan, miniatureModel;
+    const char *roomCaptureView, *sceneView, *usesHostARSession, *hasDelegate;
+  } table[] = {
+      {"18.0", false, false, true, "null", kCamera, "false", "true"},
+      {"18.0", false, true, true, kModel, "null", "false", "true"},
+      {"18.0", false, true, false, kNoModel, "null", "false", "true"},
+      {"18.0", true, true, true, "null", "null", "true", "false"},
+      {"16.4", true, true, true, kModel, "null", "false", "true"},
+  };
+  for (const auto &row : table) {
+    powerCycle();
+    option("ios", row.ios);
+    setVantorelXRSession(vantorelDeviceARSession());
+    isVTLCustomXREnabled(row.customXR);
+    isVTLDefaultScanEnabled(row.defaultScan);
+    isVTLDefaultMiniatureModelEnabled(row.miniatureModel);
+    initialize();
+    start();
+    SCOPED_TRACE(std::string(row.roomCaptureView) + " on iOS " + row.ios);
+    EXPECT_EQ(state("roomCaptureView.settings"), row.roomCaptureView);
+    EXPECT_EQ(state("sceneView.settings"), row.sceneView);
+    EXPECT_EQ(state("captureSession.usesHostARSession"), row.usesHostARSession);
+    EXPECT_EQ(state("arSession.hasDelegate"), row.hasDelegate);
+  }
+}
+
 }  // namespace
 }  // namespace vantorel::testing

@@ -19,7 +19,7 @@ static class ThinThread {
   [DllImport("vantorel")] static extern IntPtr getVantorelVersion();
   [DllImport("vantorel")] static extern IntPtr vantorelDeviceSetDocumentsDirectory(byte[] path);
   [DllImport("vantorel")] static extern IntPtr vantorelDeviceSetRoom(byte[] path, double seconds, double rate);
-  [DllImport("vantorel")] static extern void vantorelDeviceAdvance(double seconds);
+  [DllImport("vantorel")] static extern IntPtr vantorelDeviceAdvance(double seconds);
   [DllImport("vantorel")] static extern void vantorelDevicePowerCycle();
   [DllImport("libc")] static extern void free(IntPtr text);
 
@@ -59,10 +59,10 @@ static class ThinThread {
     Expect(Take(vantorelDeviceSetDocumentsDirectory(Utf8(folder))) == null, "the documents directory is taken");
     Expect(Take(vantorelDeviceSetRoom(Utf8(room), 2, 10)) == null, "the room is taken");
     initializeVTL();
-    vantorelDeviceAdvance(0);
+    Take(vantorelDeviceAdvance(0));
     startCaptureSession();
     GC.Collect();  // a callback that nobody kept would be gone now
-    vantorelDeviceAdvance(3);
+    Expect(Take(vantorelDeviceAdvance(3)) == null, "time goes on");
     Expect(starts == 1 && sessions == 1, "the library and the session started");
     Expect(updates > 1 && instruction != null, updates + " updates and instructions came");
     Expect(snapshot == File.ReadAllText(room), "the last snapshot is the room");

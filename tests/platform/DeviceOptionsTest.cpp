@@ -18,7 +18,6 @@ TEST(DeviceOptions, TakesTheWordsOfTheCommandLine) {
     EXPECT_EQ(options.set(name, value), std::nullopt) << name;
   const auto traits = options.get();
   EXPECT_EQ(traits.systemMajor, 16);
-  EXPECT_EQ(traits.systemMinor, 4);
   EXPECT_FALSE(traits.hasLidar || traits.hasWorldMap);
   EXPECT_EQ(traits.torch, DeviceTraits::Torch::refused);
   EXPECT_EQ(traits.window, DeviceTraits::Window::bare);

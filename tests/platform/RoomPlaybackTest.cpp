@@ -89,7 +89,7 @@ void expectBelievable(const RoomPlayback &playback, const RoomDocument &finished
   EXPECT_EQ(writeRoom(*before), writeRoom(finished)) << "the last update is the room itself";
 }
 
-/// The walk stays inside, is smooth and gives a rigid right-handed pose.
+/// The walk stays between the things, is smooth and gives a rigid right-handed pose.
 void expectWalk(const RoomPlayback &playback, const RoomDocument &room) {
   float low = std::numeric_limits<float>::max(), high = -low;
   for (const Surface &wall : room.walls) {
@@ -138,6 +138,66 @@ TEST(RoomPlayback, MakesABelievableSessionOfEveryRoom) {
     EXPECT_GE(half, room->walls.size() / 2);
     EXPECT_LE(half, room->walls.size() / 2 + 1) << "walls come one after the other";
   }
+}
+
+/// Four walls round the origin, a door in the last, two pieces of furniture of which the first belongs to the
+/// second, a floor and a section.
+std::shared_ptr<RoomDocument> smallRoom() {
+  auto room = std::make_shared<RoomDocument>();
+  room->identifier = Uuid{{42}};
+  auto place = [number = std::uint8_t{0}](auto &element, float x, float z) mutable {
+    element.identifier.bytes[15] = ++number;
+    element.confidence.name = "high";
+    element.dimensions = {1, 2, 0};
+    element.transform.elements = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, 1, z, 1};
+  };
+  for (const auto &[x, z] :
+       {std::pair(0.F, -3.F), std::pair(3.F, 0.F), std::pair(0.F, 3.F), std::pair(-3.F, 0.F)})
+    place(room->walls.emplace_back(), x, z);
+  place(room->doors.emplace_back(), -3, 0);
+  room->doors[0].parentIdentifier = room->walls[3].identifier;
+  for (const float x : {-2.F, 2.F}) place(room->objects.emplace_back(), x, 0);
+  room->objects[0].attributes.emplace().emplace_back("ChairType", "stool");
+  room->objects[0].parentIdentifier = room->objects[1].identifier;
+  place(room->floors.emplace().emplace_back(), 0, 0);
+  room->sections = {{{}, "kitchen", 0}};
+  return room;
+}
+
+TEST(RoomPlayback, LearnsThingsInTheirOrder) {
+  const auto room = smallRoom();
+  const RoomPlayback playback(room, 10, 100);
+  bool hasSeenOrphan = false;
+  for (Time time = 0; time < 10'000'000'000; time += 10'000'000) {
+    const auto now = playback.roomAt(time);
+    EXPECT_EQ(now->identifier, room->identifier) << "identifiers are kept";
+    EXPECT_EQ(now->floors->empty(), time < 8'500'000'000) << "floors come late";
+    EXPECT_EQ(now->sections->empty(), time < 9'200'000'000) << "sections come last";
+    for (const RoomObject &object : now->objects) {
+      if (!object.attributes) continue;  // the other one
+      EXPECT_EQ(object.attributes->empty(), object.confidence.name != "high") << "told apart once it is sure";
+      ASSERT_TRUE(object.parentIdentifier);
+      EXPECT_EQ(object.parentIdentifier->has_value(), now->objects.size() == 2)
+          << "a parent must be found first";
+      hasSeenOrphan |= !*object.parentIdentifier;
+    }
+  }
+  EXPECT_TRUE(hasSeenOrphan);
+}
+
+TEST(RoomPlayback, LooksAtWhatItFinds) {
+  const auto room = smallRoom();
+  const RoomPlayback playback(room, 10, 100);
+  std::size_t seen = 0;
+  for (Time time = 0; time < 10'000'000'000; time += 10'000'000) {
+    const auto now = playback.roomAt(time);
+    if (now->walls.size() == seen) continue;
+    seen = now->walls.size();
+    const Float4x4 pose = playback.cameraAt(time), &wall = room->walls[seen - 1].transform;
+    const double x = wall.at(3, 0) - pose.at(3, 0), z = wall.at(3, 2) - pose.at(3, 2);
+    EXPECT_GT((-pose.at(2, 0) * x - pose.at(2, 2) * z) / std::hypot(x, z), 0.99) << "wall " << seen;
+  }
+  EXPECT_EQ(seen, 4U);
 }
 
 TEST(RoomPlayback, SpreadsItsStepsOverTheSession) {

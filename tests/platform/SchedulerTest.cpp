@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <future>
 #include <set>
 #include <string>
@@ -137,6 +138,63 @@ TEST(Scheduler, ShutDownReleasesWorkAndEndsThreads) {
   }
 }
 
+TEST(Scheduler, ShutDownReleasesWhatAThreadHasNotRead) {
+  Scheduler scheduler;
+  scheduler.restart(true);
+  std::shared_ptr<Scheduler::Thread> thread;  // kept, as by a display link
+  std::promise<void> hasStarted;
+  scheduler.startThread([&] {
+    thread = Scheduler::currentThread();
+    scheduler.addSource(thread);
+    hasStarted.set_value();
+    scheduler.runLoop();
+  });
+  hasStarted.get_future().wait();
+  const auto sleep = [] { std::this_thread::sleep_for(std::chrono::milliseconds(50)); };
+  const auto held = std::make_shared<int>();
+  scheduler.post({.role = Role::render, .work = sleep, .thread = thread});
+  scheduler.post({.role = Role::render, .work = [held] {}, .thread = thread});
+  scheduler.advance(0);
+  scheduler.shutDown();
+  EXPECT_EQ(held.use_count(), 1);
+}
+
+/// Work whose end asks for the scheduler's lock, and would wait for ever if that were held.
+Scheduler::Work workThatEnds(Scheduler &scheduler, int &ends) {
+  const std::shared_ptr<void> guard(nullptr, [&](void *) { ends += scheduler.now() >= 0; });
+  return [guard] {};
+}
+
+TEST(Scheduler, DestroysWorkWithoutItsLock) {
+  int ends = 0;
+  Scheduler scheduler;
+  std::shared_ptr<Scheduler::Thread> ended;
+  scheduler.startThread([&] { ended = Scheduler::currentThread(); });
+  const auto group = scheduler.newGroup();
+  for (const Role role : {Role::delegate, Role::main}) {
+    scheduler.post({.role = role, .work = workThatEnds(scheduler, ends)});
+    scheduler.post({.role = role, .work = workThatEnds(scheduler, ends), .group = group});
+  }
+  scheduler.cancel(group);
+  scheduler.post({.role = Role::render, .work = workThatEnds(scheduler, ends), .thread = ended});
+  scheduler.advance(0);
+  EXPECT_EQ(ends, 5);
+  scheduler.post({.role = Role::main, .work = workThatEnds(scheduler, ends)}, kSecond);
+  scheduler.shutDown();
+  scheduler.post({.role = Role::main, .work = workThatEnds(scheduler, ends)});
+  scheduler.handOver(Role::completion, workThatEnds(scheduler, ends));
+  EXPECT_EQ(ends, 8);
+}
+
+TEST(Scheduler, TimeEnds) {
+  Scheduler scheduler;
+  for (int i = 0; i < 3; ++i) scheduler.advance(Scheduler::kEnd - kSecond);
+  EXPECT_EQ(scheduler.now(), Scheduler::kEnd);
+  scheduler.post({.role = Role::main, .work = [] {}}, Scheduler::kEnd + 1);
+  EXPECT_FALSE(scheduler.settle());
+  EXPECT_EQ(scheduler.now(), Scheduler::kEnd);
+}
+
 TEST(Scheduler, RunsFreelyWithoutWaitingForAHandOver) {
   Scheduler scheduler;
   scheduler.restart(true);
@@ -181,6 +239,15 @@ TEST(Scheduler, SleepsAtHandOversChangeNothing) {
   };
   const std::string plain = run(0);
   for (std::uint32_t seed = 1; seed < 4; ++seed) EXPECT_EQ(run(seed), plain);
+}
+
+TEST(Scheduler, SleepsAtHandOvers) {
+  Scheduler scheduler;
+  scheduler.setHandoverSleep(2000, 1);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 20; ++i) scheduler.handOver(Role::delegate, [] {});
+  // Forty sleeps of a millisecond on average.
+  EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
 }
 
 TEST(Scheduler, NamesAThreadWhoseCallbackDoesNotReturn) {

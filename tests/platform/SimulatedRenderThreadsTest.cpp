@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <future>
+
 namespace vantorel {
 namespace {
 
@@ -27,15 +30,16 @@ class SimulatedRenderThreadsTest : public ::testing::Test {
     });
   }
 
-  Scheduler scheduler;
-  SimulatedRenderThreads threads{scheduler};
+  DeviceParts device;
+  Scheduler &scheduler = device.scheduler;
+  SimulatedRenderThreads threads{device};
 };
 
 TEST_F(SimulatedRenderThreadsTest, FireAtThePreferredRateAndNotAboveTheDisplays) {
   EXPECT_EQ(framesAt(59), 590);
-  EXPECT_EQ(framesAt(120), 590);
+  EXPECT_EQ(framesAt(120), 600);
   EXPECT_EQ(framesAt(10), 100);
-  EXPECT_EQ(framesAt(0), 590);
+  EXPECT_EQ(framesAt(0), 600);
   EXPECT_EQ(scheduler.renderThreadCount(), 0U);
 }
 
@@ -55,6 +59,31 @@ TEST_F(SimulatedRenderThreadsTest, EndWhenTheLinkIsInvalidatedWhereverThatHappen
   link->invalidate();
   startThreadOf(link, 10);  // too late for this link: its thread ends at once
   EXPECT_EQ(scheduler.renderThreadCount(), 0U);
+}
+
+TEST_F(SimulatedRenderThreadsTest, ShowNoFrameTwiceWhenTheRateChangesMeanwhile) {
+  scheduler.restart(true);
+  std::promise<void> hasFired, mayGoOn;
+  std::atomic<int> frames = 0;
+  const auto link = threads.makeDisplayLink([&](DisplayLink &) {
+    if (++frames > 1) return;
+    hasFired.set_value();
+    mayGoOn.get_future().wait();
+  });
+  startThreadOf(link, 10);
+  EXPECT_TRUE(scheduler.settle());  // the thread is in its run loop
+  scheduler.advance(kSecond / 10);
+  hasFired.get_future().wait();
+  scheduler.advance(kSecond / 10);  // the second frame waits behind the first
+  link->setPreferredFrameRateRange({.minimum = 1, .maximum = 10});
+  mayGoOn.set_value();
+  for (int i = 0; i < 10; ++i) {
+    EXPECT_TRUE(scheduler.settle());
+    scheduler.advance(kSecond / 10);
+  }
+  EXPECT_TRUE(scheduler.settle());
+  EXPECT_EQ(frames, 1 + 10);
+  link->invalidate();
 }
 
 TEST_F(SimulatedRenderThreadsTest, LinksOfTheMainThreadFireThere) {

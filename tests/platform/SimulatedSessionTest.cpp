@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <future>
 #include <map>
 
 namespace vantorel {
@@ -14,11 +15,12 @@ constexpr Scheduler::Time kSecond = Scheduler::kSecond;
 struct Listener : RoomCaptureSessionDelegate {
   std::map<std::string, int> heard;
   std::size_t walls = 0;
-  std::function<void()> onEnd;
+  std::function<void()> onEnd, onUpdate;
 
   void captureSessionDidStart(std::shared_ptr<RoomCaptureSession>) override { ++heard["start"]; }
   void captureSessionDidUpdate(std::shared_ptr<CapturedRoom> room) override {
     ++heard["update"];
+    if (onUpdate) onUpdate();
     walls = room->content().walls.size();
   }
   void captureSessionDidAdd(std::shared_ptr<CapturedRoom> room) override {
@@ -115,6 +117,9 @@ TEST_F(SimulatedSessionTest, GoesOnAfterAForcedReload) {
   nextScan(2);  // for the next run of the host's
   end("lost");
   EXPECT_TRUE(session->isRunning());
+  const auto pose = session->arSession()->cameraTransform();
+  device.scheduler.advance(kSecond);
+  EXPECT_NE(session->arSession()->cameraTransform(), pose) << "the walk goes on";
   EXPECT_TRUE(device.scheduler.settle());
   EXPECT_EQ(device.scheduler.now(), 10 * kSecond);
   EXPECT_EQ(listener->heard["update"], 100);
@@ -142,6 +147,25 @@ TEST_F(SimulatedSessionTest, GoesOnWithALaterRunUnlessItWasStoppedInBetween) {
     EXPECT_EQ(listener->heard["update"], isStopped ? 40 : 100);
     takeHeard();
   }
+}
+
+TEST_F(SimulatedSessionTest, PlaysNothingThatWasHandedOverToAnEarlierRun) {
+  device.scheduler.restart(true);
+  std::promise<void> hasSeen, mayGoOn;
+  listener->onUpdate = [&, isFirst = true]() mutable {
+    if (!std::exchange(isFirst, false)) return;
+    hasSeen.set_value();
+    mayGoOn.get_future().wait();
+  };
+  nextScan();
+  session->run({});
+  device.scheduler.advance(4 * kSecond);  // all of it waits behind the first update
+  hasSeen.get_future().wait();
+  nextScan();
+  session->run({});
+  mayGoOn.set_value();
+  EXPECT_TRUE(device.scheduler.settle());
+  EXPECT_EQ(listener->heard["update"], 1 + 100);
 }
 
 TEST_F(SimulatedSessionTest, GivesNoCoachingWhenThatIsOff) {
@@ -191,12 +215,11 @@ TEST_F(SimulatedSessionTest, ShowsTheWalkInItsFrames) {
   device.scheduler.advance(5 * kSecond);
   const auto later = ar->cameraTransform();
   EXPECT_NE(first, later);
-  device.options.set("camera", "2 0 0 0 0 2 0 0 0 0 2 0 0 0 0 1");
-  EXPECT_EQ(ar->cameraTransform()->at(0, 0), 2);
-  device.options.forgetFrame();
   session->stop();
   device.scheduler.advance(kSecond);
   EXPECT_EQ(ar->cameraTransform(), later) << "nobody walks on";
+  device.options.set("camera", "2 0 0 0 0 2 0 0 0 0 2 0 0 0 0 1");
+  EXPECT_EQ(ar->cameraTransform()->at(0, 0), 2);
   session->run({});
   EXPECT_EQ(ar->cameraTransform()->elements,
             (std::array<float, 16>{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}));

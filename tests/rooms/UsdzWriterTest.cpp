@@ -114,6 +114,14 @@ TEST(UsdzWriter, PutsASectionsAnchorUnderTheCeiling) {
   RoomDocument room = smallRoom();
   room.floors->front().transform.elements[13] = -0.5f;
   EXPECT_TRUE(has(layerOf(room), "((1, 0, 0, 0), (0, 0, -1, 0), (0, 1, 0, 0), (0, 1.75, 0, 1))"));
+  room.floors->front().story = 0;
+  room.floors->push_back(room.floors->front());
+  room.floors->back().story = 1;
+  room.floors->back().transform.elements[13] = 2.5f;
+  room.sections = {{{1, 4, 2}, "attic", 1}, {{1, 1.25f, 2}, "kitchen", 0}, {{1, -1, 2}, "cellar", -1}};
+  const std::string layer = layerOf(room);
+  for (std::string_view rise : {"1.5", "1.75", "-0.5"})
+    EXPECT_TRUE(has(layer, "(0, 1, 0, 0), (0, " + std::string(rise) + ", 0, 1))")) << rise;
   room.floors.reset();
   EXPECT_TRUE(has(layerOf(room), "((1, 0, 0, 0), (0, 0, -1, 0), (0, 1, 0, 0), (0, 0, 0, 1))"));
 }

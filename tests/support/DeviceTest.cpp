@@ -139,6 +139,8 @@ void DeviceTest::fail(const char *call, std::uint32_t count, std::uint32_t skip)
   expectNoRefusal(vantorelDeviceFail(call, count, skip));
 }
 
+void DeviceTest::advance(double seconds) { expectNoRefusal(vantorelDeviceAdvance(seconds)); }
+
 void DeviceTest::update(const RoomDocument &room) {
   const std::string path = rooms_.path() + "/room.json";
   writeFile(path, writeRoom(room));

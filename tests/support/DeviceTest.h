@@ -48,7 +48,7 @@ class DeviceTest : public ::testing::Test {
   /// "idle", "scanning", "paused", and " running" behind it while the platform's session runs.
   static std::string phase();
 
-  static void advance(double seconds = 0) { vantorelDeviceAdvance(seconds); }
+  static void advance(double seconds = 0);
   static void option(const char *name, const char *value);
   static void fail(const char *call, std::uint32_t count = 1, std::uint32_t skip = 0);
   /// The session reports this room: the delegate's part now, the main queue's with the next advance.

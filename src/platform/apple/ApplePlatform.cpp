@@ -40,6 +40,7 @@ class ApplePlatform final : public Platform {
     return std::make_shared<AppleRoomCaptureSession>(Handle(vantorel_swift_capture_session_create(handle)));
   }
   std::shared_ptr<ARSession> arSession(void *object) override {
+    if (!object) return nullptr;
     return std::make_shared<AppleARSession>(Handle(vantorel_swift_retain(object)));
   }
 

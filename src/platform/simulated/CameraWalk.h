@@ -6,8 +6,9 @@
 
 namespace vantorel {
 
-/// The path of a phone held upright by somebody who looks at one thing after the other: smooth, level, inside
-/// the space that the things span. Pure and immutable; any thread.
+/// The path of a phone held upright by somebody who looks at one thing after the other: smooth and level,
+/// between the middle of the things and each in turn, or a step back from one in the middle. Pure and
+/// immutable; any thread.
 class CameraWalk {
  public:
   struct Sight {

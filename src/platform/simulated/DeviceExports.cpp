@@ -17,8 +17,10 @@ using namespace vantorel;
 
 namespace {
 
-/// Farther than any script goes, and far from the end of the clock.
-constexpr double kLongestAdvance = 1e8;  // seconds
+constexpr const char *kClockEnds = "the device's clock ends at 1000000000 seconds";
+static_assert(Scheduler::kEnd == 1'000'000'000 * Scheduler::kSecond);
+
+double secondsOf(Scheduler::Time time) { return static_cast<double>(time) / Scheduler::kSecond; }
 
 DeviceParts &parts() { return simulatedPlatform().parts(); }
 
@@ -28,6 +30,9 @@ char *copied(const std::string &text) {
   return static_cast<char *>(std::memcpy(copy, text.c_str(), text.size() + 1));
 }
 
+/// A null text is refused as an empty one is.
+const char *textOf(const char *text) { return text ? text : ""; }
+
 char *answer(const std::optional<std::string> &refusal) { return refusal ? copied(*refusal) : nullptr; }
 
 /// Time and power belong to the host's main thread: inside a callback they would wait for themselves.
@@ -36,11 +41,10 @@ std::optional<std::string> refusalInside(const char *function) {
   return std::string(function) + " is not for callbacks";
 }
 
-/// The same for functions that cannot answer.
-bool isRefusedInside(const char *function) {
-  const auto refusal = refusalInside(function);
-  if (refusal) std::fprintf(stderr, "vantorel: %s\n", refusal->c_str());
-  return refusal.has_value();
+std::optional<std::string> refusalToAdvance(double seconds) {
+  if (!(seconds >= 0)) return "time goes forward only";
+  if (vantorelDeviceTime() + seconds > secondsOf(Scheduler::kEnd)) return kClockEnds;
+  return std::nullopt;
 }
 
 std::shared_ptr<const RoomDocument> readRoomFile(const std::string &path) {
@@ -62,7 +66,7 @@ char *deliver(const char *function, Deliver event) {
   return nullptr;
 }
 
-Instruction instructionNamed(const std::string &name) {
+Instruction instructionNamed(std::string_view name) {
   if (name == "moveCloseToWall") return Instruction::moveCloseToWall;
   if (name == "moveAwayFromWall") return Instruction::moveAwayFromWall;
   if (name == "slowDown") return Instruction::slowDown;
@@ -77,27 +81,28 @@ Instruction instructionNamed(const std::string &name) {
 // ---- Power and time ----
 
 void vantorelDevicePowerCycle(void) noexcept {
-  if (!isRefusedInside("vantorelDevicePowerCycle")) simulatedPlatform().powerCycle();
+  if (const auto refusal = refusalInside("vantorelDevicePowerCycle")) {
+    std::fprintf(stderr, "vantorel: %s\n", refusal->c_str());  // it cannot answer
+  } else {
+    simulatedPlatform().powerCycle();
+  }
 }
 
-void vantorelDeviceAdvance(double seconds) noexcept {
-  if (isRefusedInside("vantorelDeviceAdvance")) return;
-  if (!(seconds >= 0 && seconds <= kLongestAdvance)) {
-    std::fprintf(stderr, "vantorel: time does not advance by %g seconds\n", seconds);
-    return;
-  }
+char *vantorelDeviceAdvance(double seconds) noexcept {
+  if (const auto refusal = refusalInside("vantorelDeviceAdvance")) return copied(*refusal);
+  if (const auto refusal = refusalToAdvance(seconds)) return copied(*refusal);
   parts().scheduler.advance(std::llround(seconds * 1e9));
+  return nullptr;
 }
 
 char *vantorelDeviceSettle(void) noexcept {
   if (const auto refusal = refusalInside("vantorelDeviceSettle")) return copied(*refusal);
   if (parts().scheduler.settle()) return nullptr;
-  return copied("after 600 seconds there is still work to come");
+  const bool hasEnded = parts().scheduler.now() == Scheduler::kEnd;
+  return copied(hasEnded ? kClockEnds : "after 600 seconds there is still work to come");
 }
 
-double vantorelDeviceTime(void) noexcept {
-  return static_cast<double>(parts().scheduler.now()) / Scheduler::kSecond;
-}
+double vantorelDeviceTime(void) noexcept { return secondsOf(parts().scheduler.now()); }
 
 const char *vantorelDeviceThread(void) noexcept { return nameOf(Scheduler::currentRole()); }
 
@@ -116,7 +121,7 @@ void vantorelDeviceSetObserver(vantorelDeviceObserver observer) noexcept {
 }
 
 char *vantorelDeviceState(const char *name) noexcept {
-  const std::string_view wanted = name ? name : "";
+  const std::string_view wanted = textOf(name);
   const auto own = simulatedPlatform().stateJson(wanted);
   return answer(own ? own : pluginState(wanted));
 }
@@ -125,7 +130,7 @@ char *vantorelDeviceState(const char *name) noexcept {
 
 char *vantorelDeviceSetDocumentsDirectory(const char *path) noexcept {
   try {
-    simulatedPlatform().files().setDocumentsDirectory(path);
+    simulatedPlatform().files().setDocumentsDirectory(textOf(path));
     return nullptr;
   } catch (const PlatformError &error) {
     return copied(error.what());
@@ -133,11 +138,11 @@ char *vantorelDeviceSetDocumentsDirectory(const char *path) noexcept {
 }
 
 char *vantorelDeviceSetOption(const char *name, const char *value) noexcept {
-  return answer(parts().options.set(name, value));
+  return answer(parts().options.set(textOf(name), textOf(value)));
 }
 
 char *vantorelDeviceFail(const char *call, uint32_t count, uint32_t skip) noexcept {
-  return answer(parts().faults.plan(call, count, skip));
+  return answer(parts().faults.plan(textOf(call), count, skip));
 }
 
 // ---- What the session sees ----
@@ -145,7 +150,7 @@ char *vantorelDeviceFail(const char *call, uint32_t count, uint32_t skip) noexce
 char *vantorelDeviceSetRoom(const char *path, double seconds, double rate) noexcept {
   if (const auto refusal = RoomPlayback::refusal(seconds, rate)) return copied(*refusal);
   try {
-    parts().sessions.setNextScan(std::make_shared<RoomPlayback>(readRoomFile(path), seconds, rate));
+    parts().sessions.setNextScan(std::make_shared<RoomPlayback>(readRoomFile(textOf(path)), seconds, rate));
     return nullptr;
   } catch (const PlatformError &error) {
     return copied(error.what());
@@ -154,7 +159,7 @@ char *vantorelDeviceSetRoom(const char *path, double seconds, double rate) noexc
 
 char *vantorelDeviceDeliverUpdate(const char *path) noexcept {
   try {
-    const auto room = readRoomFile(path);
+    const auto room = readRoomFile(textOf(path));
     return deliver("vantorelDeviceDeliverUpdate",
                    [room](SimulatedSession &session) { session.deliverUpdate(room, identifierOf(*room)); });
   } catch (const PlatformError &error) {
@@ -163,9 +168,10 @@ char *vantorelDeviceDeliverUpdate(const char *path) noexcept {
 }
 
 char *vantorelDeviceDeliverInstruction(const char *name) noexcept {
-  if (!*name) return copied("an instruction needs a name, as moveCloseToWall");
+  const std::string_view wanted = textOf(name);
+  if (wanted.empty()) return copied("an instruction needs a name, as moveCloseToWall");
   return deliver("vantorelDeviceDeliverInstruction",
-                 [instruction = instructionNamed(name)](SimulatedSession &session) {
+                 [instruction = instructionNamed(wanted)](SimulatedSession &session) {
                    session.deliverInstruction(instruction);
                  });
 }

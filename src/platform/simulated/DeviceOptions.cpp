@@ -45,7 +45,6 @@ std::optional<std::string> setSystem(DeviceTraits &traits, std::string_view text
   if (!major || !minor || *major < 16)
     return "expected a version from 16.0 on, as 16.4, got \"" + std::string(text) + "\"";
   traits.systemMajor = *major;
-  traits.systemMinor = *minor;
   return std::nullopt;
 }
 

@@ -15,7 +15,7 @@ struct DeviceTraits {
   enum class Window { full, bare, empty, none };
   enum class Tracking { automatic, normal, limited, unavailable };
 
-  int systemMajor = 18, systemMinor = 0;
+  int systemMajor = 18;
   bool hasLidar = true;
   Torch torch = Torch::present;
   Window window = Window::full;

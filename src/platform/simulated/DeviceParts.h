@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/simulated/DeviceNotes.h"
 #include "platform/simulated/DeviceOptions.h"
 #include "platform/simulated/Faults.h"
 #include "platform/simulated/Scheduler.h"
@@ -11,6 +12,7 @@ namespace vantorel {
 struct DeviceParts {
   DeviceOptions options;
   Faults faults;
+  DeviceNotes notes;
   Sessions sessions;
   Scheduler scheduler;  // last: its threads end first
 };

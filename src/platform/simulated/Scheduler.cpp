@@ -41,7 +41,7 @@ Scheduler::Time Scheduler::now() const {
 
 void Scheduler::advance(Time duration) {
   Lock lock(mutex_);
-  const Time end = now_ + duration;
+  const Time end = timeAfter(duration);
   while (step(lock, end)) {
   }
   now_ = std::max(now_, end);
@@ -50,7 +50,7 @@ void Scheduler::advance(Time duration) {
 
 bool Scheduler::settle() {
   Lock lock(mutex_);
-  const Time end = now_ + kSettleLimit;
+  const Time end = timeAfter(kSettleLimit);
   for (;;) {
     if (finiteEvents_ > 0) {
       if (step(lock, end)) continue;
@@ -64,6 +64,8 @@ bool Scheduler::settle() {
   reap(lock);
   return true;
 }
+
+Scheduler::Time Scheduler::timeAfter(Time duration) const { return now_ + std::min(duration, kEnd - now_); }
 
 /// Runs the first event that is due up to `end`; false when there is none.
 bool Scheduler::step(Lock &lock, Time end) {
@@ -113,17 +115,15 @@ void Scheduler::cancel(Group group) {
 }
 
 void Scheduler::dispatch(Lock &lock, Event event) {
-  if (event.role == Role::main) {
-    lock.unlock();
-    {
-      const InsideWork inside;
-      event.work();
-      event = {};
-    }
-    lock.lock();
-  } else if (const auto thread = workerOf(event)) {
-    give(lock, thread, std::move(event.work));
+  const auto thread = event.role == Role::main ? nullptr : workerOf(event);
+  if (thread) return give(lock, thread, std::move(event.work));
+  lock.unlock();
+  {
+    const InsideWork inside;
+    if (event.role == Role::main) event.work();
+    event = {};
   }
+  lock.lock();
 }
 
 void Scheduler::give(Lock &lock, const std::shared_ptr<Thread> &thread, Work work) {

@@ -23,8 +23,8 @@ const char *nameOf(Role role);
 /// Virtual time in integer nanoseconds and the work due in it. Main work runs inside advance and settle, on
 /// the host's thread; delegate and completion work on one real thread each, render work on the thread it
 /// belongs to. The threads go hand over hand, so that two runs give the same events in the same order; in the
-/// free-running mode nobody waits for a hand-over. The lock is never held while work runs: work may post,
-/// cancel and start threads. Any thread, except where a method says main.
+/// free-running mode nobody waits for a hand-over. The lock is never held while work runs or is destroyed:
+/// both may post, cancel and start threads. Any thread, except where a method says main.
 class Scheduler {
  public:
   using Work = std::function<void()>;
@@ -43,6 +43,8 @@ class Scheduler {
 
   static constexpr Time kSecond = 1'000'000'000;
   static constexpr Time kSettleLimit = 600 * kSecond;
+  /// Time goes no farther, so that sums of two times fit.
+  static constexpr Time kEnd = 1'000'000'000 * kSecond;
 
   /// A callback that takes longer than `patience` (real time) while others wait for it is named on standard
   /// error: one that waits for the main thread would hang here and not on an iPhone.
@@ -61,9 +63,10 @@ class Scheduler {
   // ---- Time ----
 
   Time now() const;
-  /// Runs what is due up to now + `duration`, which must not be negative. Main.
+  /// Runs what is due up to now + `duration`, which must not be negative, or up to kEnd. Main.
   void advance(Time duration);
-  /// Advances until only periodic work is left. False when that took longer than kSettleLimit. Main.
+  /// Advances until only periodic work is left. False when that took longer than kSettleLimit or came to kEnd.
+  /// Main.
   bool settle();
 
   // ---- Work ----
@@ -99,6 +102,7 @@ class Scheduler {
   using Lock = std::unique_lock<std::mutex>;
   using Key = std::tuple<Time, Role, std::uint64_t>;  // due, role, order of arrival
 
+  Time timeAfter(Time duration) const;
   bool step(Lock &lock, Time end);
   void dispatch(Lock &lock, Event event);
   void give(Lock &lock, const std::shared_ptr<Thread> &thread, Work work);

@@ -60,13 +60,15 @@ std::shared_ptr<Scheduler::Thread> Scheduler::launch(Role role, Work entry) {
 }
 
 void Scheduler::finish(Thread &thread) {
-  std::deque<Work> unread;  // released without the lock
   Lock lock(mutex_);
-  unread.swap(thread.inbox);
-  lock.unlock();
-  unread.clear();
+  while (!thread.inbox.empty()) {
+    std::deque<Work> unread;
+    unread.swap(thread.inbox);
+    lock.unlock();
+    unread.clear();
+    lock.lock();
+  }
   callingThread = nullptr;
-  lock.lock();
   thread.isFinished = true;
   changed_.notify_all();
 }
@@ -94,12 +96,12 @@ void Scheduler::reap(Lock &lock) {
   }
   lock.unlock();
   for (const auto &thread : ended) thread->system.join();
+  ended.clear();
   lock.lock();
 }
 
 void Scheduler::waitForAll(Lock &lock) {
-  const auto threads = threads_;
-  for (const auto &thread : threads) waitUntil(lock, *thread, [&] { return thread->isFinished; });
+  for (const auto &thread : threads_) waitUntil(lock, *thread, [&] { return thread->isFinished; });
   reap(lock);
   delegateThread_.reset();
   completionThread_.reset();

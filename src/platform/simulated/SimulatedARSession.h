@@ -22,6 +22,7 @@ class SimulatedARSession : public ARSession {
   std::optional<Float4x4> cameraTransform() override;
   std::optional<Float4x4> projectionMatrix(const ProjectionRequest &request) override;
 
+  bool hasDelegate() const { return !delegate_.load().expired(); }
   /// From now on the camera walks as in `scan`, `elapsed` after its beginning; null: it stays at the origin.
   void beginWalk(std::shared_ptr<const RoomPlayback> scan, Scheduler::Time elapsed);
   /// The camera stays where it is.

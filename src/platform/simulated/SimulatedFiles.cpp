@@ -1,6 +1,7 @@
 #include "platform/simulated/SimulatedFiles.h"
 
 #include "platform/PlatformError.h"
+#include "rooms/RoomReader.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -11,9 +12,6 @@ namespace vantorel {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// More than any room; keeps a wrong file, as a device that never ends, from filling the memory.
-constexpr std::size_t kReadLimit = std::size_t{1} << 30;
 
 /// Paths are UTF-8 on every system.
 fs::path pathOf(const std::string &text) { return fs::path(std::u8string(text.begin(), text.end())); }
@@ -82,7 +80,7 @@ std::string SimulatedFiles::read(const std::string &path) {
   char part[1 << 16];
   while (file.read(part, sizeof part) || file.gcount() > 0) {
     bytes.append(part, static_cast<std::size_t>(file.gcount()));
-    if (bytes.size() > kReadLimit) fail("read", path, "larger than 1 GiB");
+    if (bytes.size() > kLongestRoom) fail("read", path, "larger than 1 GiB");
   }
   if (!file.eof()) fail("read", path, lastError());
   return bytes;

@@ -1,7 +1,7 @@
 #include "platform/simulated/SimulatedPlatform.h"
 
-#include "base/JsonWriter.h"
 #include "platform/PluginAccess.h"
+#include "platform/simulated/DeviceJson.h"
 #include "platform/simulated/SimulatedSession.h"
 
 #include <cstdio>
@@ -9,15 +9,6 @@
 
 namespace vantorel {
 namespace {
-
-std::string jsonOf(const std::vector<std::string> &texts) {
-  std::string text;
-  JsonWriter json(text, JsonStyle::compact);
-  json.beginArray();
-  for (const auto &element : texts) json.string(element);
-  json.endArray();
-  return text;
-}
 
 /// Ends the device's threads when the process exits or the library is unloaded. The platform itself stays,
 /// since objects of the plug-in may still refer to it.
@@ -75,25 +66,30 @@ void SimulatedPlatform::powerCycle() {
 void SimulatedPlatform::resetObjects() {
   parts_.options.reset();
   parts_.faults.reset();
+  parts_.notes.reset();
   parts_.sessions.reset();
   screen_.reset();
   camera_ = std::make_shared<SimulatedCamera>(parts_.options);
   hostARSession_ = std::make_shared<SimulatedARSession>(parts_.scheduler, parts_.options);
 }
 
-bool SimulatedPlatform::isSessionRunning() const {
+/// Of the current session; without one all are false.
+std::optional<bool> SimulatedPlatform::sessionFlag(std::string_view name) const {
   const auto session = parts_.sessions.current();
-  return session && session->isRunning();
+  if (name == "captureSession.isRunning") return session && session->isRunning();
+  if (name == "captureSession.usesHostARSession") return session && session->arSession() == hostARSession_;
+  if (name == "arSession.hasDelegate") return session && session->hasARDelegate();
+  return std::nullopt;
 }
 
 std::optional<std::string> SimulatedPlatform::stateJson(std::string_view name) {
   if (name == "window.subviews") return jsonOf(screen_.windowSubviews());
   if (name == "view.subviews") return jsonOf(screen_.controllerSubviews());
   if (name == "roomCaptureView.subviews") return jsonOf(screen_.scanViewSubviews());
-  if (name == "captureSession.isRunning") return isSessionRunning() ? "true" : "false";
   if (name == "renderThreads") return std::to_string(parts_.scheduler.renderThreadCount());
   if (name == "device.torch") return camera_->isLit() ? "\"on\"" : "\"off\"";
-  return std::nullopt;
+  if (const auto flag = sessionFlag(name)) return jsonOf(*flag);
+  return parts_.notes.find(name);
 }
 
 }  // namespace vantorel

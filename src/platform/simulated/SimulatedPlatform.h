@@ -46,14 +46,14 @@ class SimulatedPlatform : public Platform {
 
  private:
   void resetObjects();
-  bool isSessionRunning() const;
+  std::optional<bool> sessionFlag(std::string_view name) const;
 
   DeviceParts parts_;
   SimulatedConsole console_;
   SimulatedPhone phone_{parts_.options};
   SimulatedFiles files_{parts_.faults};
   SimulatedMainQueue mainQueue_{parts_.scheduler};
-  SimulatedRenderThreads renderThreads_{parts_.scheduler};
+  SimulatedRenderThreads renderThreads_{parts_};
   SimulatedScreen screen_{parts_};
   std::shared_ptr<SimulatedCamera> camera_;
   std::shared_ptr<SimulatedARSession> hostARSession_;

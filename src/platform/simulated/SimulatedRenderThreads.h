@@ -1,21 +1,21 @@
 #pragma once
 
 #include "platform/RenderThreads.h"
-#include "platform/simulated/Scheduler.h"
+#include "platform/simulated/DeviceParts.h"
 
 namespace vantorel {
 
 class SimulatedRenderThreads : public RenderThreads {
  public:
-  /// `scheduler` outlives this and all display links.
-  explicit SimulatedRenderThreads(Scheduler &scheduler) : scheduler_(scheduler) {}
+  /// `device` outlives this and all display links.
+  explicit SimulatedRenderThreads(DeviceParts &device) : device_(device) {}
 
   std::shared_ptr<DisplayLink> makeDisplayLink(std::function<void(DisplayLink &)> action) override;
-  void startThread(std::function<void()> entry) override { scheduler_.startThread(std::move(entry)); }
-  void runCurrentRunLoop() override { scheduler_.runLoop(); }
+  void startThread(std::function<void()> entry) override { device_.scheduler.startThread(std::move(entry)); }
+  void runCurrentRunLoop() override { device_.scheduler.runLoop(); }
 
  private:
-  Scheduler &scheduler_;
+  DeviceParts &device_;
 };
 
 }  // namespace vantorel

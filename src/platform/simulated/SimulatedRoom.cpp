@@ -7,6 +7,7 @@
 #include "rooms/UsdzWriter.h"
 
 #include <array>
+#include <exception>
 #include <string_view>
 
 namespace vantorel {
@@ -104,7 +105,7 @@ void SimulatedRoom::writeUsdz(const std::string &path) const {
   std::string package;
   try {
     package = vantorel::writeUsdz(*document_, stemOf(path));
-  } catch (const std::runtime_error &error) {
+  } catch (const std::exception &error) {
     throw PlatformError(error.what());
   }
   SimulatedFiles::write(path, package);

@@ -1,5 +1,6 @@
 #include "platform/simulated/SimulatedScreen.h"
 
+#include "platform/simulated/DeviceJson.h"
 #include "platform/simulated/SimulatedSession.h"
 
 #include <algorithm>
@@ -48,41 +49,49 @@ class SimulatedARSCNView : public ARSCNView, public Placed {
 
 class SimulatedViewController : public ViewController, public Placed {
  public:
-  SimulatedViewController(Tree ofTree, Rect bounds, Faults &faults)
-      : Placed(std::move(ofTree), "controller"), bounds_(bounds), faults_(faults) {}
+  SimulatedViewController(Tree ofTree, Rect bounds, DeviceParts &device)
+      : Placed(std::move(ofTree), "controller"), bounds_(bounds), device_(device) {}
 
   bool loadView() override {
-    if (!isLoaded_) isLoaded_ = !faults_.hits("loadView");
+    if (!isLoaded_) isLoaded_ = !device_.faults.hits("loadView");
     return isLoaded_;
   }
   Rect bounds() override { return bounds_; }
   void insertAtBack(View &subview) override {
     tree->insertAtBack(view, dynamic_cast<Placed &>(subview).view);
   }
-  void ignoreTouches() override {}  // nobody touches this screen
-  void dismissNavigationController() override {}
+  void ignoreTouches() override { device_.notes.set("view.ignoresTouches", "true"); }
+  void dismissNavigationController() override {
+    device_.notes.set("navigationController.dismissals", std::to_string(++dismissals_));
+  }
 
  private:
   const Rect bounds_;
-  Faults &faults_;
+  DeviceParts &device_;
   bool isLoaded_ = false;
+  int dismissals_ = 0;
 };
 
 class SimulatedRootViewController : public RootViewController {
  public:
-  explicit SimulatedRootViewController(Faults &faults) : faults_(faults) {}
-  bool makeViewTransparent() override { return !faults_.hits("loadRootView"); }
+  explicit SimulatedRootViewController(DeviceParts &device) : device_(device) {}
+  bool makeViewTransparent() override {
+    if (device_.faults.hits("loadRootView")) return false;
+    device_.notes.set("rootView.isTransparent", "true");
+    return true;
+  }
 
  private:
-  Faults &faults_;
+  DeviceParts &device_;
 };
 
 class SimulatedWindow : public Window {
  public:
-  SimulatedWindow(Tree tree, ViewTree::Ref window, std::shared_ptr<RootViewController> root)
-      : tree_(std::move(tree)), window_(std::move(window)), root_(std::move(root)) {}
+  SimulatedWindow(DeviceNotes &notes, Tree tree, ViewTree::Ref window,
+                  std::shared_ptr<RootViewController> root)
+      : notes_(notes), tree_(std::move(tree)), window_(std::move(window)), root_(std::move(root)) {}
 
-  void clearBackground() override {}
+  void clearBackground() override { notes_.set("window.isClear", "true"); }
   void addSubview(ViewController &controller) override {
     tree_->addAtFront(window_, dynamic_cast<Placed &>(controller).view);
   }
@@ -90,6 +99,7 @@ class SimulatedWindow : public Window {
   std::shared_ptr<RootViewController> rootViewController() override { return root_; }
 
  private:
+  DeviceNotes &notes_;
   const Tree tree_;
   const ViewTree::Ref window_;
   const std::shared_ptr<RootViewController> root_;
@@ -113,9 +123,8 @@ std::shared_ptr<Window> SimulatedScreen::firstWindow() {
   if (kind == DeviceTraits::Window::none) return nullptr;
   arrangeWindow();
   std::shared_ptr<RootViewController> root;
-  if (kind != DeviceTraits::Window::bare)
-    root = std::make_shared<SimulatedRootViewController>(device_.faults);
-  return std::make_shared<SimulatedWindow>(tree_, window_, std::move(root));
+  if (kind != DeviceTraits::Window::bare) root = std::make_shared<SimulatedRootViewController>(device_);
+  return std::make_shared<SimulatedWindow>(device_.notes, tree_, window_, std::move(root));
 }
 
 InterfaceOrientation SimulatedScreen::orientation() {
@@ -126,20 +135,22 @@ InterfaceOrientation SimulatedScreen::orientation() {
 // ---- Making views ----
 
 std::shared_ptr<ViewController> SimulatedScreen::makeViewController() {
-  const auto controller = std::make_shared<SimulatedViewController>(tree_, bounds(), device_.faults);
+  const auto controller = std::make_shared<SimulatedViewController>(tree_, bounds(), device_);
   controllerView_ = controller->view;
   return controller;
 }
 
 std::shared_ptr<RoomCaptureView> SimulatedScreen::makeRoomCaptureView(
-    const std::optional<RoomCaptureViewSettings> &) {
+    const std::optional<RoomCaptureViewSettings> &settings) {
   const auto view = std::make_shared<SimulatedRoomCaptureView>(
       tree_, SimulatedSession::make(device_, nullptr), device_.options.get().coachingSubviews);
   scanView_ = view->view;
+  device_.notes.set("roomCaptureView.settings", jsonOf(settings));
   return view;
 }
 
 std::shared_ptr<ARSCNView> SimulatedScreen::makeARSCNView(const std::optional<ARSCNViewSettings> &settings) {
+  device_.notes.set("sceneView.settings", jsonOf(settings));
   return std::make_shared<SimulatedARSCNView>(tree_, settings ? settings->session : nullptr);
 }
 

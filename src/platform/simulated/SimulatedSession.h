@@ -32,6 +32,7 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   }
 
   bool isRunning() const;
+  bool hasARDelegate() const { return arSession_->hasDelegate(); }
 
   // ---- Events, on the delegate thread, whether the session runs or not ----
 

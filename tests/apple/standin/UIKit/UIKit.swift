@@ -81,11 +81,14 @@ public func standin_connect_scene() { UIApplication.shared.connectScene() }
 @_cdecl("standin_run_main_loop")
 public func standin_run_main_loop() { RunLoop.main.run(until: Date(timeIntervalSinceNow: 0.01)) }
 
-/// The kinds of the window's views and, in brackets, theirs, from back to front.
-@MainActor @_cdecl("standin_print_views")
-public func standin_print_views() {
+/// The kinds of the window's views and, in brackets, theirs, from back to front. To be freed.
+@MainActor @_cdecl("standin_views")
+public func standin_views() -> UnsafeMutablePointer<CChar>? {
     func describe(_ view: UIView) -> String {
-        "\(type(of: view))" + (view.subviews.isEmpty ? "" : "(" + view.subviews.map(describe).joined(separator: ", ") + ")")
+        let traits = (view.backgroundColor === UIColor.clear ? "clear " : "") + (view.isUserInteractionEnabled ? "" : "untouchable ")
+        let subviews = view.subviews.map(describe).joined(separator: ", ")
+        return traits + "\(type(of: view))" + (subviews.isEmpty ? "" : "(\(subviews))")
     }
-    for case let scene as UIWindowScene in UIApplication.shared.connectedScenes { print(scene.windows.map(describe).joined()) }
+    let scenes = UIApplication.shared.connectedScenes.compactMap { $0 as? UIWindowScene }
+    return strdup(scenes.flatMap(\.windows).map(describe).joined())
 }
