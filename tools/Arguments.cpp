@@ -1,11 +1,10 @@
 #include "Arguments.h"
 
 #include "Files.h"
+#include "Printer.h"
 
 #include <charconv>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 
 namespace vantorel {
 namespace {
@@ -16,7 +15,7 @@ Integer integerArgument(const std::string &word, const std::string &expected) {
   const char *end = word.data() + word.size();
   const auto [stop, error] = std::from_chars(word.data(), end, value);
   if (error != std::errc() || stop != end)
-    throw ScriptError("expected " + expected + ", got " + quotedWord(word));
+    throw ArgumentError("expected " + expected + ", got " + quotedWord(word));
   return value;
 }
 
@@ -26,12 +25,18 @@ std::string rangeText(std::size_t least, std::size_t most) {
   return least == most ? range : std::to_string(least) + " to " + range;
 }
 
+std::string rangeText(NumberRange range) {
+  if (range.least == kAnyNumber.least) return "";
+  const bool hasMost = range.most < kAnyNumber.most;
+  return " from " + secondsText(range.least) + (hasMost ? " to " + secondsText(range.most) : "");
+}
+
 }  // namespace
 
 void expectArguments(const Words &words, std::size_t least, std::size_t most) {
   const std::size_t count = words.size() - 1;
   if (count < least || count > most)
-    throw ScriptError(words[0] + ": expected " + rangeText(least, most) + ", got " + std::to_string(count));
+    throw ArgumentError("expected " + rangeText(least, most) + ", got " + std::to_string(count));
 }
 
 vantorelBool booleanArgument(const std::string &word) {
@@ -41,19 +46,16 @@ vantorelBool booleanArgument(const std::string &word) {
 }
 
 std::string textArgument(const std::string &word) {
+  if (word == "@") throw ArgumentError("expected the name of a file after @");
   return word.starts_with('@') ? readFile(word.substr(1)) : word;
 }
 
-double numberArgument(const std::string &word, double least) {
+double numberArgument(const std::string &word, NumberRange range) {
   const bool isDecimal = !word.empty() && word.find_first_not_of("+-.0123456789eE") == std::string::npos;
   char *end = nullptr;
   const double value = isDecimal ? std::strtod(word.c_str(), &end) : 0;
-  if (end != word.c_str() + word.size() || !std::isfinite(value) || value < least) {
-    const bool hasLeast = least > std::numeric_limits<double>::lowest();
-    throw ScriptError("expected a number" +
-                      (hasLeast ? " from " + std::to_string(static_cast<long>(least)) : "") + ", got " +
-                      quotedWord(word));
-  }
+  if (end != word.c_str() + word.size() || value < range.least || value > range.most)
+    throw ArgumentError("expected a number" + rangeText(range) + ", got " + quotedWord(word));
   return value;
 }
 

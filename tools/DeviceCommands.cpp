@@ -2,17 +2,12 @@
 
 #include "vantorel/simulated_device.h"
 
-#include "Arguments.h"
 #include "DeviceText.h"
 
-#include <limits>
 #include <string_view>
 
 namespace vantorel {
 namespace {
-
-constexpr double kAnyNumber = std::numeric_limits<double>::lowest();
-constexpr double kScanSeconds = 10, kUpdatesPerSecond = 10;
 
 /// `words` begins at what the device is told, so an argument is words[1].
 struct DeviceCommand {
@@ -33,8 +28,8 @@ char *setMatrix(const Words &words) {
 }
 
 char *setRoom(const Words &words) {
-  const double seconds = words.size() > 2 ? numberArgument(words[2], 0) : kScanSeconds;
-  const double rate = words.size() > 3 ? numberArgument(words[3], 0) : kUpdatesPerSecond;
+  const double seconds = words.size() > 2 ? numberArgument(words[2], kScanSeconds) : 10;
+  const double rate = words.size() > 3 ? numberArgument(words[3], kUpdatesPerSecond) : 10;
   return vantorelDeviceSetRoom(words[1].c_str(), seconds, rate);
 }
 
@@ -75,7 +70,7 @@ const DeviceCommand kCommands[] = {
 }  // namespace
 
 void runDeviceCommand(const Words &words) {
-  if (words.size() < 2) throw ScriptError("device: expected what it is told, as \"device ios 16.4\"");
+  if (words.size() < 2) throw ArgumentError("expected what it is told, as \"device ios 16.4\"");
   const Words told(words.begin() + 1, words.end());
   for (const DeviceCommand &command : kCommands) {
     if (command.name != told[0]) continue;

@@ -1,20 +1,39 @@
 #include "Files.h"
 
-#include <fstream>
+#include <cerrno>
 #include <stdexcept>
+#include <system_error>
 
 namespace vantorel {
+namespace {
+
+[[noreturn]] void refuse(const std::string &path, int number) {
+  throw std::runtime_error("cannot read " + path + ": " + errorText(number));
+}
+
+}  // namespace
+
+std::string errorText(int number) { return std::generic_category().message(number ? number : EIO); }
+
+std::ifstream openFile(const std::string &path) {
+  errno = 0;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) refuse(path, errno);
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) refuse(path, EISDIR);  // it opens but cannot be read
+  return file;
+}
 
 std::string readFile(const std::string &path) {
   constexpr std::size_t kLargest = std::size_t{1} << 28U;  // an endless file shall not eat the memory
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file = openFile(path);
   std::string bytes;
   char block[1 << 16];
   while (file.read(block, sizeof block), file.gcount() > 0) {
     bytes.append(block, static_cast<std::size_t>(file.gcount()));
     if (bytes.size() > kLargest) throw std::runtime_error(path + " is too long: expected at most 256 MiB");
   }
-  if (!file.eof()) throw std::runtime_error("cannot read " + path);
+  if (!file.eof()) refuse(path, errno);
   return bytes;
 }
 

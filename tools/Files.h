@@ -2,10 +2,17 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <string>
 
 namespace vantorel {
+
+/// What the system says of an error number.
+std::string errorText(int number);
+
+/// A file to read bytes from. Throws std::runtime_error with the reason when there is none.
+std::ifstream openFile(const std::string &path);
 
 /// The bytes of a file. Throws std::runtime_error when it cannot be read or holds more than 256 MiB.
 std::string readFile(const std::string &path);

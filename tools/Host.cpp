@@ -16,8 +16,7 @@ namespace {
 
 constexpr int kEnd = std::istream::traits_type::eof();
 constexpr std::size_t kLongestLine = std::size_t{1} << 28U;
-/// The device counts nanoseconds in 64 bits; this leaves it room.
-constexpr double kLastSecond = 1e9;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// The next line without its end. One that never ends breaks the stream and throws ScriptError.
 std::string readLine(std::istream &script) {
@@ -31,15 +30,9 @@ std::string readLine(std::istream &script) {
   return line;
 }
 
-void advance(const std::string &word) {
-  const double seconds = numberArgument(word, 0);
-  if (vantorelDeviceTime() + seconds > kLastSecond)
-    throw ScriptError("the device's clock ends at 1000000000 s");
-  vantorelDeviceAdvance(seconds);
-}
-
-void settle() {
-  if (const DeviceText refusal{vantorelDeviceSettle()}) throw ScriptError(refusal.get());
+/// Throws what the device answers, if it does.
+void expectDone(char *answer) {
+  if (const DeviceText refusal{answer}) throw ScriptError(refusal.get());
 }
 
 void hearFiles(const std::string &folder) {
@@ -49,26 +42,38 @@ void hearFiles(const std::string &folder) {
 
 }  // namespace
 
-Host::Host(Printer &printer, std::string documents) : listening_(printer), documents_(std::move(documents)) {
-  if (const DeviceText refusal{vantorelDeviceSetDocumentsDirectory(documents_.c_str())})
-    throw ScriptError(refusal.get());
+Host::Host(Printer &printer, std::string documents)
+    : printer_(printer), listening_(printer), documents_(std::move(documents)) {
+  expectDone(vantorelDeviceSetDocumentsDirectory(documents_.c_str()));
 }
 
 bool Host::runScript(std::istream &script) {
   bool isGood = true;
-  for (std::size_t number = 1; script.peek() != kEnd; ++number) isGood &= runLine(script, number);
+  for (std::size_t number = 1; printer_.isGood() && script.peek() != kEnd; ++number)
+    isGood &= runLine(script, number);
   return isGood;
 }
 
 bool Host::runLine(std::istream &script, std::size_t number) {
   try {
-    const Words words = splitWords(readLine(script));
-    if (!words.empty()) run(words);
+    std::string line = readLine(script);
+    if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
+    const Words words = splitWords(line);
+    if (!words.empty()) runNamed(words);
     return true;
   } catch (const std::exception &error) {
     const std::string message = "line " + std::to_string(number) + ": " + error.what();
     Listening::hear("error", std::nullopt, EventValue::text(message));
     return false;
+  }
+}
+
+void Host::runNamed(const Words &words) const {
+  try {
+    run(words);
+  } catch (const ArgumentError &error) {
+    const bool isDevice = words[0] == "device" && words.size() > 1;
+    throw ScriptError((isDevice ? "device " + words[1] : words[0]) + ": " + error.what());
   }
 }
 
@@ -79,14 +84,17 @@ void Host::run(const Words &words) const {
     void (*run)(const Words &words, const std::string &documents);
   };
   static constexpr Command kCommands[] = {
-      {"advance", 1, 1, [](const Words &line, const std::string &) { advance(line[1]); }},
-      {"settle", 0, 0, [](const Words &, const std::string &) { settle(); }},
+      {"advance", 1, 1,
+       [](const Words &line, const std::string &) {
+         expectDone(vantorelDeviceAdvance(numberArgument(line[1], kFromZero)));
+       }},
+      {"settle", 0, 0, [](const Words &, const std::string &) { expectDone(vantorelDeviceSettle()); }},
       {"state", 0, 1,
        [](const Words &line, const std::string &) {
          line.size() > 1 ? hearProperty(line[1]) : hearProperties();
        }},
       {"files", 0, 0, [](const Words &, const std::string &documents) { hearFiles(documents); }},
-      {"device", 1, 17, [](const Words &line, const std::string &) { runDeviceCommand(line); }},
+      {"device", 0, 17, [](const Words &line, const std::string &) { runDeviceCommand(line); }},
   };
   for (const Command &command : kCommands) {
     if (command.name != words[0]) continue;

@@ -3,37 +3,16 @@
 #include "vantorel/simulated_device.h"
 
 #include "Arguments.h"
+#include "Files.h"
 #include "Host.h"
 #include "LibraryCalls.h"
+#include "TemporaryFolder.h"
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <unistd.h>
 
 namespace vantorel {
 namespace {
-
-namespace fs = std::filesystem;
-
-/// A fresh folder, removed with the object.
-class TemporaryFolder {
- public:
-  TemporaryFolder() : path_((fs::temp_directory_path() / "vantorel-XXXXXX").string()) {
-    if (!mkdtemp(path_.data())) throw ScriptError("cannot make a temporary folder as " + path_);
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    fs::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder &) = delete;
-  TemporaryFolder &operator=(const TemporaryFolder &) = delete;
-  const std::string &path() const { return path_; }
-
- private:
-  std::string path_;
-};
 
 /// VANTOREL_FREE_RUNNING=1 and VANTOREL_HANDOVER_SLEEP=MICROSECONDS[:SEED]: how the project's own checks vary
 /// the timing of threads.
@@ -67,9 +46,7 @@ bool run(const HostOptions &options, std::istream &script) {
 int runHost(const HostOptions &options) {
   applyEnvironment();
   if (options.script.empty()) return run(options, std::cin) ? 0 : 1;
-  std::ifstream script(options.script, std::ios::binary);
-  script.peek();  // a folder opens but cannot be read
-  if (script.fail()) throw ScriptError("cannot read " + options.script);
+  std::ifstream script = openFile(options.script);
   return run(options, script) ? 0 : 1;
 }
 

@@ -1,6 +1,8 @@
 #include "Printer.h"
 
+#include "RoomCounts.h"
 #include "base/Utf8.h"
+#include "rooms/RoomReader.h"
 
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -34,7 +36,20 @@ std::string shortened(const EventValue &value) {
   return text.substr(0, end) + "... (" + std::to_string(value.content.size()) + " bytes)";
 }
 
+std::string snapshotText(const EventValue &value) {
+  try {
+    return shortCounts(readRoom(value.content)) + std::to_string(value.content.size()) + " bytes";
+  } catch (const RoomReadError &) {
+    return shortened(value);
+  }
+}
+
 }  // namespace
+
+bool LinePrinter::isGood() const {
+  const std::lock_guard lock(mutex_);
+  return out_.good();
+}
 
 void LinePrinter::print(const Event &event) {
   const std::string text = line(event) + '\n';
@@ -51,7 +66,11 @@ std::string JsonPrinter::line(const Event &event) const {
 std::string ReadablePrinter::line(const Event &event) const {
   std::string line = padded(secondsText(event.seconds), 7) + padded(event.thread, 10) + padded(event.kind, 8);
   if (event.name) line += bare(jsonString(*event.name)) + ' ';
-  if (event.kind != "callback" || !event.value.isJson) line += shortened(event.value);
+  if (event.name == "VTLRoomSnapshot") {
+    line += snapshotText(event.value);
+  } else if (event.kind != "callback" || !event.value.isJson) {
+    line += shortened(event.value);
+  }
   while (line.back() == ' ') line.pop_back();
   return line;
 }

@@ -33,6 +33,8 @@ class Printer {
  public:
   virtual ~Printer() = default;
   virtual void print(const Event &event) = 0;
+  /// False once what it writes to takes no more.
+  virtual bool isGood() const { return true; }
 };
 
 /// Writes one line an event and flushes it.
@@ -40,11 +42,12 @@ class LinePrinter : public Printer {
  public:
   explicit LinePrinter(std::ostream &out) : out_(out) {}
   void print(const Event &event) final;
+  bool isGood() const final;
 
  private:
   virtual std::string line(const Event &event) const = 0;
 
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   std::ostream &out_;
 };
 
@@ -57,7 +60,7 @@ class JsonPrinter final : public LinePrinter {
   std::string line(const Event &event) const override;
 };
 
-/// Aligned columns for people, long values shortened.
+/// Aligned columns for people: long values shortened, a room as its counts.
 class ReadablePrinter final : public LinePrinter {
  public:
   using LinePrinter::LinePrinter;

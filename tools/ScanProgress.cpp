@@ -8,9 +8,7 @@ namespace vantorel {
 ScanProgress::ScanProgress(std::ostream &terminal, double seconds, bool showsBar)
     : terminal_(terminal), seconds_(seconds), showsBar_(showsBar) {}
 
-ScanProgress::~ScanProgress() {
-  if (showsBar_) clearBar();
-}
+ScanProgress::~ScanProgress() { clearBar(); }
 
 void ScanProgress::print(const Event &event) {
   const std::lock_guard lock(mutex_);
@@ -33,6 +31,9 @@ void ScanProgress::drawBar(double now) {
             << " updates" << std::flush;
 }
 
-void ScanProgress::clearBar() { terminal_ << "\r\x1b[K" << std::flush; }
+void ScanProgress::clearBar() {
+  if (showsBar_) terminal_ << "\r\x1b[K" << std::flush;
+  showsBar_ = false;
+}
 
 }  // namespace vantorel

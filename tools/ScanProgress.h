@@ -2,6 +2,7 @@
 
 #include "Printer.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <mutex>
 #include <string>
@@ -14,9 +15,11 @@ class ScanProgress final : public Printer {
   ScanProgress(std::ostream &terminal, double seconds, bool showsBar);
   ~ScanProgress() override;
   void print(const Event &event) override;
+  /// Takes the bar from the terminal, where something else is to follow.
+  void clearBar();
 
-  int updates() const { return updates_; }
-  int instructions() const { return instructions_; }
+  std::size_t updates() const { return updates_; }
+  std::size_t instructions() const { return instructions_; }
   bool isSaved() const { return isSaved_; }
   /// The console's lines and the errors, separated by "; ".
   const std::string &remarks() const { return remarks_; }
@@ -24,13 +27,12 @@ class ScanProgress final : public Printer {
  private:
   void count(const Event &event);
   void drawBar(double now);
-  void clearBar();
 
   std::mutex mutex_;
   std::ostream &terminal_;
   double seconds_;
   bool showsBar_;
-  int updates_ = 0, instructions_ = 0;
+  std::size_t updates_ = 0, instructions_ = 0;
   bool isSaved_ = false;
   std::string remarks_;
 };

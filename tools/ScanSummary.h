@@ -2,6 +2,7 @@
 
 #include "rooms/RoomDocument.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -12,7 +13,7 @@ namespace vantorel {
 struct ScanSummary {
   std::string room, ios;
   double seconds;
-  int updates, instructions;
+  std::size_t updates, instructions;
   const RoomDocument &document;
   std::string folder;
   std::map<std::string, std::uintmax_t> files;  ///< sizes by name

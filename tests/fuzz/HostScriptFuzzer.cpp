@@ -1,4 +1,5 @@
-// Scripts of any bytes, played by the host on a device whose documents lie in a temporary folder.
+// Scripts of any bytes, played by the host on a device whose documents lie in a temporary folder. Samples are
+// found from the source folder, where the process goes: give it paths from there.
 #include "tools/Host.h"
 #include "tools/LibraryCalls.h"
 
@@ -11,28 +12,60 @@
 namespace {
 
 using namespace vantorel;
+namespace fs = std::filesystem;
 
 std::string temporaryFolder() {
-  std::string path = (std::filesystem::temp_directory_path() / "vantorel-fuzz-XXXXXX").string();
+  std::string path = (fs::temp_directory_path() / "vantorel-fuzz-XXXXXX").string();
   if (!mkdtemp(path.data())) std::abort();
   return path;
 }
 
-/// What leads out of the documents folder and what is only slow is left out.
-bool isPlayable(const Words &words) {
-  if (words.empty() || words[0] == "settle" || words[0].find("ARWorldMap") != std::string::npos) return false;
-  if (words[0] == "advance" && words.size() > 1) return words[1].size() == 1;
-  return std::none_of(words.begin(), words.end(), [](const std::string &word) {
-    return word.starts_with('@') || word.starts_with('/') || word.find("..") != std::string::npos;
-  });
+/// The documents lie this deep in the temporary folder, so that as many ".." of a script do not lead out.
+constexpr int kDepth = 2;
+
+bool leadsOut(const Words &words) {
+  int ups = 0;
+  for (const std::string &word : words) {
+    if (word.starts_with('@') || word.starts_with('/')) return true;
+    for (auto at = word.find(".."); at != std::string::npos; at = word.find("..", at + 1)) ++ups;
+  }
+  return ups > kDepth;
 }
+
+/// Picks the lines that neither lead out of the temporary folder, nor are only slow, nor end the process as
+/// they should.
+class Picker {
+ public:
+  bool isPlayable(const Words &words) {
+    if (words.empty() || leadsOut(words)) return false;
+    if (words[0] == "settle") return settles_++ == 0;
+    if (words[0] == "advance") return words.size() < 2 || (seconds_ += numberOf(words[1])) < kSeconds;
+    if (words[0] != "device" || words.size() < 3) return true;
+    if (words[1] == "room") return isQuick(words);
+    return words[1] != "fail" || !words[2].starts_with("load");  // a missing view ends the process
+  }
+
+ private:
+  static constexpr double kSeconds = 40, kUpdates = 200;
+
+  static double numberOf(const std::string &word) { return std::max(0.0, std::atof(word.c_str())); }
+  static bool isQuick(const Words &room) {
+    const double seconds = room.size() > 3 ? numberOf(room[3]) : 10;
+    const double rate = room.size() > 4 ? numberOf(room[4]) : 10;
+    return seconds < kSeconds && seconds * rate < kUpdates;
+  }
+
+  int settles_ = 0;
+  double seconds_ = 0;
+};
 
 std::string playableLines(std::istream &script) {
   // Without these some calls end the process, as they should.
   std::string playable = "setVantorelXRSession\ninitializeVTL\nadvance 0\n";
+  Picker picker;
   for (std::string line; std::getline(script, line);) {
     try {
-      if (isPlayable(splitWords(line))) playable += line + '\n';
+      if (picker.isPlayable(splitWords(line))) playable += line + '\n';
     } catch (const ScriptError &) {
       playable += line + '\n';
     }
@@ -42,15 +75,22 @@ std::string playableLines(std::istream &script) {
 
 }  // namespace
 
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+  fs::current_path(VANTOREL_SOURCE_DIR);
+  return 0;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size) {
-  static const std::string documents = temporaryFolder();
+  static const std::string folder = temporaryFolder();
   std::istringstream bytes(std::string(reinterpret_cast<const char *>(data), size));
   std::istringstream script(playableLines(bytes));
   std::ostringstream out;
   JsonPrinter printer(out);
-  Host host(printer, documents);
-  registerCallbacks();
-  host.runScript(script);
-  std::filesystem::remove_all(documents);
+  {
+    Host host(printer, folder + "/nested/documents");
+    registerCallbacks();
+    host.runScript(script);
+  }
+  for (const auto &entry : fs::directory_iterator(folder)) fs::remove_all(entry);
   return 0;
 }

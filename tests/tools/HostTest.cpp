@@ -89,6 +89,37 @@ TEST_F(HostTest, GoesOnAfterAnError) {
   EXPECT_FALSE(isGood_);
 }
 
+TEST_F(HostTest, NamesTheCommandWhoseWordsAreWrong) {
+  const std::pair<std::string, std::string> table[] = {
+      {"device room", "device room: expected 1 to 3 arguments, got 0"},
+      {"device room r 0", "device room: expected a number from 0.001 to 3600, got 0"},
+      {"advance -1", "advance: expected a number from 0, got -1"},
+      {"isVTLCoachingEnabled 256", "isVTLCoachingEnabled: expected true, false or 0 to 255, got 256"},
+      {"vtl_shareFile @", "vtl_shareFile: expected the name of a file after @"},
+      {"vtl_shareFile @/no/such", "cannot read /no/such: No such file or directory"},
+  };
+  for (const auto &[line, message] : table)
+    EXPECT_EQ(play(line), Lines{R"("event":"error","name":null,"value":"line 1: )" + message + '"'});
+}
+
+TEST_F(HostTest, IsToldWhenTheDeviceRefusesToAdvance) {
+  EXPECT_EQ(play("advance 1e9\nadvance 1").size(), 1U);
+  EXPECT_FALSE(isGood_);
+}
+
+TEST_F(HostTest, ReadsAScriptWithAByteOrderMark) {
+  EXPECT_EQ(play("\xEF\xBB\xBFVantorelSupport").size(), 1U);
+  EXPECT_TRUE(isGood_);
+}
+
+TEST_F(HostTest, StopsWhenNobodyListens) {
+  std::stringstream out, script("VantorelSupport\ninitializeVTL\n");
+  out.setstate(std::ios::badbit);
+  JsonPrinter printer(out);
+  Host(printer, documents_.path()).runScript(script);
+  EXPECT_EQ(script.peek(), 'V');
+}
+
 TEST_F(HostTest, PassesBooleansAsTheByteThatWasWritten) {
   EXPECT_EQ(play("isVTLCoachingEnabled 2\nstate isCoachingEnabled\nisVTLCoachingEnabled 255\nstate "
                  "isCoachingEnabled"),

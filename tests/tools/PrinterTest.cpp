@@ -40,6 +40,15 @@ TEST(Printer, KeepsReadableLinesShortAndOnOneLine) {
             "0       main       state    delegate null\n");
 }
 
+TEST(Printer, GivesARoomAsItsCounts) {
+  const std::string room =
+      R"({"version":2,"doors":[],"objects":[],"openings":[],"walls":[],"windows":[],"floors":[],)"
+      R"("sections":[{"center":[0,0,0],"label":"kitchen","story":0}]})";
+  EXPECT_EQ(
+      printed<ReadablePrinter>({0, "main", "callback", "VTLRoomSnapshot", EventValue::text(room)}),
+      "0       main       callback VTLRoomSnapshot 1 section, " + std::to_string(room.size()) + " bytes\n");
+}
+
 TEST(Printer, GivesSecondsInTheFewestDigits) {
   const std::pair<double, const char *> table[] = {
       {0, "0"},

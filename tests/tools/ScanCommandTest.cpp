@@ -96,7 +96,7 @@ TEST_F(ScanCommandTest, RefusesWhatIsNoRoomBeforeItWritesAnything) {
     EXPECT_EQ(reason.find('\n'), std::string::npos) << reason;
   }
   options_.room = folder_.path();
-  EXPECT_EQ(refusal(), "cannot read " + folder_.path());
+  EXPECT_EQ(refusal(), "cannot read " + folder_.path() + ": Is a directory");
   EXPECT_FALSE(fs::exists(options_.documents));
 }
 
@@ -111,6 +111,26 @@ TEST_F(ScanCommandTest, SaysWhyNothingCouldBeSaved) {
   options_.documents = folder_.path() + "/file";
   EXPECT_EQ(refusal().starts_with("not refused"), false);
   EXPECT_EQ(fileSizes(folder_.path()).size(), 1U);
+  options_.documents = folder_.path();
+  options_.scanName = std::string(300, 'x');
+  EXPECT_NE(refusal().find("File name too long"), std::string::npos);
+  options_.directoryName = options_.scanName = "";  // there as soon as the device has its documents folder
+  options_.documents += "/made";
+  EXPECT_NE(refusal().find("exists"), std::string::npos);
+}
+
+TEST_F(ScanCommandTest, WritesNothingWhenTheDeviceRefusesTheRoom) {
+  options_.seconds = options_.updatesPerSecond = 1000;
+  EXPECT_EQ(refusal(), "a scan has at most 100000 updates");
+  EXPECT_FALSE(fs::exists(options_.documents));
+}
+
+TEST_F(ScanCommandTest, ClearsTheBarBeforeItsSummary) {
+  std::ostringstream terminal;
+  options_.json = false;
+  runScan(options_, terminal, terminal, true);
+  EXPECT_NE(terminal.str().find("updates\r\x1b[KScanned "), std::string::npos) << terminal.str();
+  EXPECT_TRUE(terminal.str().ends_with(" bytes\n"));
 }
 
 }  // namespace

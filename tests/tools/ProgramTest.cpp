@@ -1,0 +1,72 @@
+// The built program as a shell meets it: exit codes, and what it leaves behind.
+#include "support/TestData.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sys/wait.h>
+
+namespace vantorel::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Program : public ::testing::Test {
+ protected:
+  /// Runs it with `arguments` in a shell; standard output and error land in `said`.
+  int run(const std::string &arguments, const std::string &before = "") {
+    const std::string log = folder_.path() + "/log";
+    const std::string command = before + "TMPDIR=" + temporary() + " " + VANTOREL_BINARY_DIR +
+                                "/bin/vantorel " + arguments + " >" + log + " 2>&1";
+    const int status = std::system(command.c_str());
+    said = readFile(log);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  std::string temporary() const {
+    fs::create_directories(folder_.path() + "/tmp");
+    return folder_.path() + "/tmp";
+  }
+  std::string out() const { return folder_.path() + "/out"; }
+  std::string sample() const { return sampleRooms().at(0); }
+
+  std::string said;
+
+ private:
+  TemporaryFolder folder_;
+};
+
+TEST_F(Program, ExitsWith2AtWrongUsage) {
+  for (const char *arguments : {"", "bogus", "scan", "scan room.json --seconds", "host a b", "--nonsense"})
+    EXPECT_EQ(run(arguments), 2) << arguments << '\n' << said;
+  EXPECT_EQ(run("scan " + sample() + " --ios 15.0 --out " + out()), 2) << said;
+  EXPECT_EQ(run("scan " + sample() + " --scan ../x --out " + out()), 2) << said;
+  EXPECT_FALSE(fs::exists(out()));
+}
+
+TEST_F(Program, ExitsWith1AtWhatItRefuses) {
+  EXPECT_EQ(run("host /nowhere.vtl"), 1) << said;
+  EXPECT_EQ(run("scan /nowhere.json --out " + out()), 1) << said;
+  EXPECT_EQ(run("scan " + sample() + " --seconds 3600 --rate 1000 --out " + out()), 1) << said;
+  EXPECT_FALSE(fs::exists(out()));
+  EXPECT_EQ(run("host", "echo nonsense | "), 1) << said;
+}
+
+TEST_F(Program, ExitsWith0WhenDone) {
+  EXPECT_EQ(run("--version"), 0);
+  EXPECT_EQ(said, "Vantorel 1.3.0\n");
+  EXPECT_EQ(run("scan --help"), 0);
+  EXPECT_EQ(run("scan " + sample() + " --out " + out()), 0) << said;
+  EXPECT_EQ(readFile(out() + "/model-viewer/My new scan/scan.json"), readFile(sample()));
+  EXPECT_EQ(run("scan " + sample() + " --out " + out()), 1) << "saved over a scan";
+}
+
+TEST_F(Program, RemovesItsTemporaryDocuments) {
+  EXPECT_EQ(run("host", "printf 'trySaveRoomPlanExperience a b\\nfiles\\n' | "), 0) << said;
+  EXPECT_NE(said.find("a/b/scan.json"), std::string::npos) << said;
+  EXPECT_TRUE(fs::is_empty(temporary()));
+}
+
+}  // namespace
+}  // namespace vantorel::testing
