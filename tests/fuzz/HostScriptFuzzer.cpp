@@ -39,7 +39,7 @@ class Picker {
   bool isPlayable(const Words &words) {
     if (words.empty() || leadsOut(words)) return false;
     if (words[0] == "settle") return settles_++ == 0;
-    if (words[0] == "advance") return words.size() < 2 || (seconds_ += numberOf(words[1])) < kSeconds;
+    if (words[0] == "advance") return words.size() < 2 || isSoon(numberOf(words[1]));
     if (words[0] != "device" || words.size() < 3) return true;
     if (words[1] == "room") return isQuick(words);
     return words[1] != "fail" || !words[2].starts_with("load");  // a missing view ends the process
@@ -49,6 +49,11 @@ class Picker {
   static constexpr double kSeconds = 40, kUpdates = 200;
 
   static double numberOf(const std::string &word) { return std::max(0.0, std::atof(word.c_str())); }
+  bool isSoon(double seconds) {
+    if (seconds_ + seconds > kSeconds) return false;
+    seconds_ += seconds;
+    return true;
+  }
   static bool isQuick(const Words &room) {
     const double seconds = room.size() > 3 ? numberOf(room[3]) : 10;
     const double rate = room.size() > 4 ? numberOf(room[4]) : 10;

@@ -139,7 +139,8 @@ TEST_F(SimulatedDeviceTest, TellsWhatIsWrongWithARoom) {
 }
 
 TEST_F(SimulatedDeviceTest, RefusesTimeAndPowerInsideACallback) {
-  static std::atomic<int> calls = 0;
+  static std::atomic<int> calls;
+  calls = 0;
   initialize();
   start();
   setVTLCaptureSessionInstruction([](const char *text) {
