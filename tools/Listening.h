@@ -13,7 +13,6 @@ namespace vantorel {
 template <std::size_t size>
 struct LiteralText {
   char characters[size];
-  // NOLINTNEXTLINE(google-explicit-constructor): a literal is to be written where it is used
   constexpr LiteralText(const char (&text)[size]) { std::copy_n(text, size, characters); }
 };
 

@@ -12,14 +12,19 @@ void writeArray(JsonWriter &json, const Values &values, Write write) {
   json.endArray();
 }
 
-void writeTransform(JsonWriter &json, const TransformModel &transform) {
-  json.key("transform");
-  writeArray(json, transform, [&](float element) { json.number(element); });
-}
-
 void writeMember(JsonWriter &json, std::string_view key, const std::string &text) {
   json.key(key);
   json.string(text);
+}
+
+/// What surfaces and objects have in common after their names.
+template <typename Element>
+void writePlacement(JsonWriter &json, const Element &element) {
+  writeMember(json, "confidence", element.confidence);
+  json.key("scale");
+  element.scale.encode(json);
+  json.key("transform");
+  writeArray(json, element.transform, [&](float value) { json.number(value); });
 }
 
 }  // namespace
@@ -66,10 +71,7 @@ void GenericSurfaceModel::encode(JsonWriter &json) const {
 void GenericSurfaceModel::encodeMembers(JsonWriter &json) const {
   writeMember(json, "category", category);
   writeMember(json, "id", id);
-  writeMember(json, "confidence", confidence);
-  json.key("scale");
-  scale.encode(json);
-  writeTransform(json, transform);
+  writePlacement(json, *this);
   if (curve) {
     json.key("curve");
     curve->encode(json);
@@ -102,10 +104,7 @@ void GenericObjectModel::encode(JsonWriter &json) const {
   json.beginObject();
   writeMember(json, "id", id);
   writeMember(json, "category", category);
-  writeMember(json, "confidence", confidence);
-  json.key("scale");
-  scale.encode(json);
-  writeTransform(json, transform);
+  writePlacement(json, *this);
   json.endObject();
 }
 
