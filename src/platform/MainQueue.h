@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 
 namespace vantorel {
@@ -10,6 +11,8 @@ class MainQueue {
   /// Runs `work` later on the main thread, in order of arrival, never inside this call; even when called on
   /// the main thread. Any thread.
   virtual void async(std::function<void()> work) = 0;
+  /// The same, no earlier than `delay` from now.
+  virtual void after(std::chrono::nanoseconds delay, std::function<void()> work) = 0;
 };
 
 }  // namespace vantorel

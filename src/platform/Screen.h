@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace vantorel {
 
@@ -113,6 +114,8 @@ class Screen {
   virtual Rect bounds() = 0;
   /// Of the first window's scene.
   virtual InterfaceOrientation orientation() = 0;
+  /// A JPEG of what the first window shows. Throws PlatformError.
+  virtual std::string screenshotJpeg() = 0;
 };
 
 }  // namespace vantorel

@@ -7,8 +7,11 @@ namespace {
 
 struct Documents : FileManager {
   std::string documentsDirectory() override { return "/docs"; }
+  std::string temporaryDirectory() override { return "/tmp"; }
   bool fileExists(const std::string &) override { return false; }
   void createDirectory(const std::string &) override {}
+  std::string readFile(const std::string &) override { return ""; }
+  void removeItem(const std::string &) override {}
   void writeFile(const std::string &, std::string_view) override {}
 };
 

@@ -10,6 +10,18 @@ std::string AppleFileManager::documentsDirectory() {
   return path;
 }
 
+std::string AppleFileManager::temporaryDirectory() {
+  stopProcess("Temporary files are not built for the iPhone yet.");
+}
+
+std::string AppleFileManager::readFile(const std::string &) {
+  stopProcess("Reading files is not built for the iPhone yet.");
+}
+
+void AppleFileManager::removeItem(const std::string &) {
+  stopProcess("Removing files is not built for the iPhone yet.");
+}
+
 bool AppleFileManager::fileExists(const std::string &path) {
   return vantorel_swift_file_exists(path.c_str());
 }

@@ -21,6 +21,22 @@ class AppleDevice final : public Device {
 
 class AppleMainQueue final : public MainQueue {
   void async(std::function<void()> work) override { vantorel_swift_main_async(asWork(std::move(work))); }
+  void after(std::chrono::nanoseconds, std::function<void()>) override {
+    stopProcess("Waiting is not built for the iPhone yet.");
+  }
+};
+
+class ApplePresenter final : public Presenter {
+  void present(Presentation, const std::string &) override {
+    stopProcess("Sharing and previews are not built for the iPhone yet.");
+  }
+};
+
+class AppleScreenRecorder final : public ScreenRecorder {
+  void start(Completion) override { stopProcess("Recording is not built for the iPhone yet."); }
+  void stop(const std::string &, Completion) override {
+    stopProcess("Recording is not built for the iPhone yet.");
+  }
 };
 
 class ApplePlatform final : public Platform {
@@ -30,7 +46,9 @@ class ApplePlatform final : public Platform {
   FileManager &fileManager() override { return fileManager_; }
   MainQueue &mainQueue() override { return mainQueue_; }
   RenderThreads &renderThreads() override { return renderThreads_; }
+  Presenter &presenter() override { return presenter_; }
   Screen &screen() override { return screen_; }
+  ScreenRecorder &screenRecorder() override { return screenRecorder_; }
 
   std::shared_ptr<CaptureDevice> defaultCamera() override {
     stopProcess("The torch is not built for the iPhone yet.");
@@ -44,6 +62,16 @@ class ApplePlatform final : public Platform {
     return std::make_shared<AppleARSession>(Handle(vantorel_swift_retain(object)));
   }
 
+  std::shared_ptr<CapturedRoom> decodeRoom(std::string_view) override {
+    stopProcess("Merging is not built for the iPhone yet.");
+  }
+  std::shared_ptr<StructureBuilder> makeStructureBuilder() override {
+    stopProcess("Merging is not built for the iPhone yet.");
+  }
+  std::shared_ptr<WorldMap> unarchiveWorldMap(std::string_view) override {
+    stopProcess("World maps are not built for the iPhone yet.");
+  }
+
   [[noreturn]] void stop(std::string_view message) override { stopProcess(message); }
 
  private:
@@ -53,6 +81,8 @@ class ApplePlatform final : public Platform {
   AppleMainQueue mainQueue_;
   AppleRenderThreads renderThreads_;
   AppleScreen screen_;
+  ApplePresenter presenter_;
+  AppleScreenRecorder screenRecorder_;
 };
 
 }  // namespace

@@ -9,6 +9,8 @@ namespace {
 
 using Delegate = RoomCaptureSessionDelegate;
 
+constexpr const char *kNoWorldMaps = "World maps are not built for the iPhone yet.";
+
 // The border's numbers are the port's.
 static_assert(int(Instruction::moveCloseToWall) == VANTOREL_SWIFT_MOVE_CLOSE_TO_WALL);
 static_assert(int(Instruction::lowTexture) == VANTOREL_SWIFT_LOW_TEXTURE);
@@ -55,6 +57,14 @@ std::optional<Float4x4> AppleARSession::cameraTransform() {
 
 std::optional<Float4x4> AppleARSession::projectionMatrix(const ProjectionRequest &) {
   stopProcess("The AR camera is not built for the iPhone yet.");
+}
+
+bool AppleARSession::isTrackingNormal() { stopProcess(kNoWorldMaps); }
+
+void AppleARSession::run(std::shared_ptr<WorldMap>) { stopProcess(kNoWorldMaps); }
+
+void AppleARSession::getCurrentWorldMap(std::function<void(std::shared_ptr<WorldMap>)>) {
+  stopProcess(kNoWorldMaps);
 }
 
 void AppleRoomCaptureSession::run(const RoomCaptureSessionConfiguration &configuration) {

@@ -13,6 +13,9 @@ class AppleARSession final : public ARSession {
   void setDelegate(std::weak_ptr<ARSessionDelegate> delegate) override;
   std::optional<Float4x4> cameraTransform() override;
   std::optional<Float4x4> projectionMatrix(const ProjectionRequest &request) override;
+  bool isTrackingNormal() override;
+  void run(std::shared_ptr<WorldMap> initialWorldMap) override;
+  void getCurrentWorldMap(std::function<void(std::shared_ptr<WorldMap>)> completion) override;
 
   vantorel_swift_handle handle() const { return session_.get(); }
 

@@ -111,6 +111,10 @@ std::shared_ptr<ARSCNView> AppleScreen::makeARSCNView(const std::optional<ARSCNV
 
 Rect AppleScreen::bounds() { stopProcess("The screen's bounds are not built for the iPhone yet."); }
 
+std::string AppleScreen::screenshotJpeg() {
+  stopProcess("Screenshots are not built for the iPhone yet.");
+}
+
 InterfaceOrientation AppleScreen::orientation() {
   stopProcess("The interface orientation is not built for the iPhone yet.");
 }

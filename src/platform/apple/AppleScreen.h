@@ -13,6 +13,7 @@ class AppleScreen final : public Screen {
   std::shared_ptr<ARSCNView> makeARSCNView(const std::optional<ARSCNViewSettings> &settings) override;
   Rect bounds() override;
   InterfaceOrientation orientation() override;
+  std::string screenshotJpeg() override;
 };
 
 }  // namespace vantorel::apple

@@ -35,6 +35,12 @@ std::optional<Float4x4> SimulatedARSession::projectionMatrix(const ProjectionReq
   return chosen ? *chosen : lensProjection(request);
 }
 
+bool SimulatedARSession::isTrackingNormal() { return false; }
+
+void SimulatedARSession::run(std::shared_ptr<WorldMap>) {}
+
+void SimulatedARSession::getCurrentWorldMap(std::function<void(std::shared_ptr<WorldMap>)>) {}
+
 void SimulatedARSession::beginWalk(std::shared_ptr<const RoomPlayback> scan, Scheduler::Time elapsed) {
   const std::lock_guard lock(mutex_);
   scan_ = std::move(scan);

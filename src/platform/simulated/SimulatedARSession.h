@@ -21,6 +21,9 @@ class SimulatedARSession : public ARSession {
   void setDelegate(std::weak_ptr<ARSessionDelegate> delegate) override { delegate_.store(delegate); }
   std::optional<Float4x4> cameraTransform() override;
   std::optional<Float4x4> projectionMatrix(const ProjectionRequest &request) override;
+  bool isTrackingNormal() override;
+  void run(std::shared_ptr<WorldMap> initialWorldMap) override;
+  void getCurrentWorldMap(std::function<void(std::shared_ptr<WorldMap>)> completion) override;
 
   bool hasDelegate() const { return !delegate_.load().expired(); }
   /// From now on the camera walks as in `scan`, `elapsed` after its beginning; null: it stays at the origin.

@@ -46,6 +46,13 @@ std::string SimulatedFiles::documentsDirectory() {
   return textOf(here);
 }
 
+std::string SimulatedFiles::temporaryDirectory() {
+  std::error_code error;
+  const fs::path folder = fs::temp_directory_path(error);
+  if (error) throw PlatformError("no folder for temporary files: " + error.message());
+  return textOf(folder);
+}
+
 bool SimulatedFiles::fileExists(const std::string &path) {
   std::error_code ignored;
   return fs::exists(pathOf(path), ignored);
@@ -54,6 +61,19 @@ bool SimulatedFiles::fileExists(const std::string &path) {
 void SimulatedFiles::createDirectory(const std::string &path) {
   faults_.check("createDirectory");
   makeFolder(pathOf(path));
+}
+
+std::string SimulatedFiles::readFile(const std::string &path) {
+  faults_.check("readFile");
+  return read(path);
+}
+
+void SimulatedFiles::removeItem(const std::string &path) {
+  faults_.check("removeFile");
+  std::error_code error;
+  const auto removed = fs::remove_all(pathOf(path), error);
+  if (error) fail("remove", path, error.message());
+  if (removed == 0) fail("remove", path, "there is no such file");
 }
 
 void SimulatedFiles::writeFile(const std::string &path, std::string_view bytes) {

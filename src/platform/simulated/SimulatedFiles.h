@@ -16,8 +16,11 @@ class SimulatedFiles : public FileManager {
   explicit SimulatedFiles(Faults &faults) : faults_(faults) {}
 
   std::string documentsDirectory() override;
+  std::string temporaryDirectory() override;
   bool fileExists(const std::string &path) override;
   void createDirectory(const std::string &path) override;
+  std::string readFile(const std::string &path) override;
+  void removeItem(const std::string &path) override;
   void writeFile(const std::string &path, std::string_view bytes) override;
 
   /// Creates the folder when it is absent. Throws PlatformError.

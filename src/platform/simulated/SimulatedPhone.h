@@ -27,6 +27,11 @@ class SimulatedMainQueue : public MainQueue {
   void async(std::function<void()> work) override {
     scheduler_.post({.role = Role::main, .work = std::move(work)});
   }
+  /// The library waits only to poll, so settle does not wait for it.
+  void after(std::chrono::nanoseconds delay, std::function<void()> work) override {
+    scheduler_.post({.role = Role::main, .work = std::move(work), .isPeriodic = true},
+                    scheduler_.now() + delay.count());
+  }
 
  private:
   Scheduler &scheduler_;

@@ -2,7 +2,9 @@
 
 #include "platform/PluginAccess.h"
 #include "platform/simulated/DeviceJson.h"
+#include "platform/simulated/SimulatedRoom.h"
 #include "platform/simulated/SimulatedSession.h"
+#include "rooms/RoomReader.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -47,6 +49,20 @@ std::shared_ptr<ARSession> SimulatedPlatform::arSession(void *object) {
     stop("The AR session is none of the simulated device's; vantorelDeviceARSession gives one.");
   return hostARSession_;
 }
+
+std::shared_ptr<CapturedRoom> SimulatedPlatform::decodeRoom(std::string_view text) {
+  try {
+    auto document = std::make_shared<const RoomDocument>(readRoom(text));
+    const Uuid identifier = identifierOf(*document);
+    return std::make_shared<SimulatedRoom>(std::move(document), identifier, parts_.faults);
+  } catch (const RoomReadError &error) {
+    throw PlatformError(error.what());
+  }
+}
+
+std::shared_ptr<StructureBuilder> SimulatedPlatform::makeStructureBuilder() { return nullptr; }
+
+std::shared_ptr<WorldMap> SimulatedPlatform::unarchiveWorldMap(std::string_view) { return nullptr; }
 
 void SimulatedPlatform::stop(std::string_view message) {
   std::fflush(stdout);

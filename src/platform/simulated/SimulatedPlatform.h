@@ -5,6 +5,7 @@
 #include "platform/simulated/SimulatedARSession.h"
 #include "platform/simulated/SimulatedConsole.h"
 #include "platform/simulated/SimulatedFiles.h"
+#include "platform/simulated/SimulatedMedia.h"
 #include "platform/simulated/SimulatedPhone.h"
 #include "platform/simulated/SimulatedRenderThreads.h"
 #include "platform/simulated/SimulatedScreen.h"
@@ -26,10 +27,15 @@ class SimulatedPlatform : public Platform {
   FileManager &fileManager() override { return files_; }
   MainQueue &mainQueue() override { return mainQueue_; }
   RenderThreads &renderThreads() override { return renderThreads_; }
+  Presenter &presenter() override { return presenter_; }
   Screen &screen() override { return screen_; }
+  ScreenRecorder &screenRecorder() override { return screenRecorder_; }
   std::shared_ptr<CaptureDevice> defaultCamera() override;
   std::shared_ptr<RoomCaptureSession> makeRoomCaptureSession(std::shared_ptr<ARSession> arSession) override;
   std::shared_ptr<ARSession> arSession(void *object) override;
+  std::shared_ptr<CapturedRoom> decodeRoom(std::string_view text) override;
+  std::shared_ptr<StructureBuilder> makeStructureBuilder() override;
+  std::shared_ptr<WorldMap> unarchiveWorldMap(std::string_view bytes) override;
   [[noreturn]] void stop(std::string_view message) override;
 
   // ---- Control; main thread ----
@@ -55,6 +61,8 @@ class SimulatedPlatform : public Platform {
   SimulatedMainQueue mainQueue_{parts_.scheduler};
   SimulatedRenderThreads renderThreads_{parts_};
   SimulatedScreen screen_{parts_};
+  SimulatedPresenter presenter_{console_};
+  SimulatedScreenRecorder screenRecorder_{parts_};
   std::shared_ptr<SimulatedCamera> camera_;
   std::shared_ptr<SimulatedARSession> hostARSession_;
   bool isFreeRunningNext_ = false;

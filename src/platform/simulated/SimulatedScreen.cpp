@@ -1,5 +1,6 @@
 #include "platform/simulated/SimulatedScreen.h"
 
+#include "platform/PlatformError.h"
 #include "platform/simulated/DeviceJson.h"
 #include "platform/simulated/SimulatedSession.h"
 
@@ -126,6 +127,8 @@ std::shared_ptr<Window> SimulatedScreen::firstWindow() {
   if (kind != DeviceTraits::Window::bare) root = std::make_shared<SimulatedRootViewController>(device_);
   return std::make_shared<SimulatedWindow>(device_.notes, tree_, window_, std::move(root));
 }
+
+std::string SimulatedScreen::screenshotJpeg() { throw PlatformError("no screenshots yet"); }
 
 InterfaceOrientation SimulatedScreen::orientation() {
   const bool hasWindow = device_.options.get().window != DeviceTraits::Window::none;

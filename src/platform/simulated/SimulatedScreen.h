@@ -22,6 +22,7 @@ class SimulatedScreen : public Screen {
   std::shared_ptr<ARSCNView> makeARSCNView(const std::optional<ARSCNViewSettings> &settings) override;
   Rect bounds() override { return {0, 0, 390, 844}; }
   InterfaceOrientation orientation() override;
+  std::string screenshotJpeg() override;
 
   void reset();
   /// The names of the views in the window, in the newest view controller's view and in the newest scan view,
