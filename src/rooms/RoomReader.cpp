@@ -1,6 +1,7 @@
 #include "rooms/RoomReader.h"
 
 #include "base/Utf8.h"
+#include "rooms/JsonReading.h"
 #include "rooms/RoomTypes.h"
 
 #include <rapidjson/reader.h>
@@ -82,8 +83,6 @@ class Events {
 
 const char *describe(rapidjson::ParseErrorCode code) {
   switch (code) {
-    case rapidjson::kParseErrorDocumentRootNotSingular:
-      return "there is more text after the room's end";
     case rapidjson::kParseErrorObjectMissName:
       return "expected a key in quotes";
     case rapidjson::kParseErrorObjectMissColon:
@@ -111,40 +110,17 @@ const char *describe(rapidjson::ParseErrorCode code) {
   }
 }
 
-RoomReadError errorAt(std::string_view text, std::size_t offset, std::string keyPath,
+std::string describe(rapidjson::ParseErrorCode code, const JsonSource &source) {
+  if (code != rapidjson::kParseErrorDocumentRootNotSingular) return describe(code);
+  return "there is more text after the " + source.what + "'s end";
+}
+
+RoomReadError errorAt(const JsonSource &source, std::size_t offset, std::string keyPath,
                       const std::string &reason) {
-  std::string_view before = text.substr(0, offset);
-  auto line = 1 + static_cast<std::size_t>(std::ranges::count(before, '\n'));
+  std::string_view before = source.text.substr(0, offset);
+  auto line = source.line + static_cast<std::size_t>(std::ranges::count(before, '\n'));
   std::size_t column = offset - (before.rfind('\n') + 1) + 1;  // npos + 1 is 0
   return {line, column, std::move(keyPath), reason};
-}
-
-/// Parses the text, which it destroys. RapidJSON recurses; the binder ends that at kDeepest levels, which
-/// take little stack. Its iterative way is slower.
-void parse(CutText &text, JsonBinder &binder) {
-  auto fail = [&](std::size_t offset, const std::string &reason) {
-    throw errorAt(text.whole, text.wholeOffset(offset), binder.keyPath(), reason);
-  };
-  RoomStream stream(text.shortened.data());
-  Events events(binder, stream);
-  rapidjson::Reader reader;
-  constexpr unsigned kFlags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
-  try {
-    auto result = reader.Parse<kFlags>(stream, events);
-    const bool isAtEnd = stream.Tell() >= text.size();
-    if (result.IsError() && isAtEnd) fail(text.size(), "the text ends before the room does");
-    if (result.IsError()) fail(result.Offset(), describe(result.Code()));
-    if (!isAtEnd) fail(stream.Tell(), "a NUL character after the room's end");
-  } catch (const JsonMismatch &mismatch) {
-    fail(binder.offset(), mismatch.what());
-  }
-}
-
-RoomReading readFrom(CutText text) {
-  RoomReading room;
-  JsonBinder binder(slotOf(room), text);
-  parse(text, binder);
-  return room;
 }
 
 bool isAscii(std::string_view text) {
@@ -153,11 +129,11 @@ bool isAscii(std::string_view text) {
   return all < 0x80;
 }
 
-void requireUtf8(std::string_view text) {
-  std::string repaired = repairedUtf8(text);
-  if (repaired == text) return;
-  auto place = std::ranges::mismatch(text, repaired).in1 - text.begin();
-  throw errorAt(text, static_cast<std::size_t>(place), "", "the text is not UTF-8");
+void requireUtf8(const JsonSource &source) {
+  std::string repaired = repairedUtf8(source.text);
+  if (repaired == source.text) return;
+  auto place = std::ranges::mismatch(source.text, repaired).in1 - source.text.begin();
+  throw errorAt(source, static_cast<std::size_t>(place), "", "the text is not UTF-8");
 }
 
 static_assert(kLongestRoom < std::size_t{1} << 32U, "RapidJSON counts in 32 bits");
@@ -172,17 +148,44 @@ RoomReadError::RoomReadError(std::size_t atLine, std::size_t atColumn, std::stri
       column(atColumn),
       keyPath(std::move(path)) {}
 
+CutText cutText(const JsonSource &source) {
+  if (source.text.size() > kLongestRoom)
+    throw RoomReadError(source.line, 1, "", "the text is longer than 1 GiB");
+  CutText cut = CutText::withoutCoreModel(source.text);
+  if (!isAscii(cut.shortened)) requireUtf8(source);
+  return cut;
+}
+
+/// RapidJSON recurses; the binder ends that at kDeepest levels, which take little stack. Its iterative way is
+/// slower.
+void parseJson(const JsonSource &source, CutText text, JsonSlot root) {
+  JsonBinder binder(root, text);
+  auto fail = [&](std::size_t offset, const std::string &reason) {
+    throw errorAt(source, text.wholeOffset(offset), binder.keyPath(), reason);
+  };
+  RoomStream stream(text.shortened.data());
+  Events events(binder, stream);
+  rapidjson::Reader reader;
+  constexpr unsigned kFlags = rapidjson::kParseInsituFlag | rapidjson::kParseNumbersAsStringsFlag;
+  try {
+    auto result = reader.Parse<kFlags>(stream, events);
+    const bool isAtEnd = stream.Tell() >= text.size();
+    if (result.IsError() && isAtEnd) fail(text.size(), "the text ends before the " + source.what + " does");
+    if (result.IsError()) fail(result.Offset(), describe(result.Code(), source));
+    if (!isAtEnd) fail(stream.Tell(), "a NUL character after the " + source.what + "'s end");
+  } catch (const JsonMismatch &mismatch) {
+    fail(binder.offset(), mismatch.what());
+  }
+}
+
+void keepCoreModel(RoomReading &room) {
+  if (room.writtenCoreModel) room.coreModel = std::make_shared<const std::string>(*room.writtenCoreModel);
+}
+
 RoomDocument readRoom(std::string_view text) {
   if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
-  if (text.size() > kLongestRoom) throw RoomReadError(1, 1, "", "the text is longer than 1 GiB");
-  CutText cut = CutText::withoutCoreModel(text);
-  if (!isAscii(cut.shortened)) requireUtf8(text);
-  const char *cutFrom = cut.at == CutText::kNothing ? nullptr : text.data() + cut.at;
-  RoomReading room = readFrom(std::move(cut));
-  // What was cut was no coreModel of the room but some other string: read it where it stands.
-  if (cutFrom && (!room.writtenCoreModel || room.writtenCoreModel->data() != cutFrom))
-    room = readFrom(CutText::uncut(text));
-  if (room.writtenCoreModel) room.coreModel = std::make_shared<const std::string>(*room.writtenCoreModel);
+  auto room = readJson<RoomReading>({.text = text, .what = "room"});
+  keepCoreModel(room);
   return room;
 }
 

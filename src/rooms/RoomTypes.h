@@ -16,4 +16,11 @@ struct RoomReading : RoomDocument {
 /// Where the values of a room's JSON go.
 JsonSlot slotOf(RoomReading &room);
 
+/// Nothing when the text that was read has none.
+inline std::optional<std::string_view> writtenCoreModelOf(const RoomReading &room) {
+  return room.writtenCoreModel;
+}
+/// Copies the coreModel out of the text that was read.
+void keepCoreModel(RoomReading &room);
+
 }  // namespace vantorel

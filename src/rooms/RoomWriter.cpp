@@ -1,6 +1,7 @@
 #include "rooms/RoomWriter.h"
 
 #include "base/JsonWriter.h"
+#include "rooms/StructureDocument.h"
 
 namespace vantorel {
 namespace {
@@ -11,6 +12,7 @@ class RoomValues {
   explicit RoomValues(JsonWriter &json) : json_(json) {}
 
   void write(const RoomDocument &room, const std::string *coreModel);
+  void write(const StructureDocument &structure);
 
  private:
   void write(float value) { json_.number(value); }
@@ -26,6 +28,7 @@ class RoomValues {
   void write(const Surface &surface);
   void write(const RoomObject &object);
   void write(const Section &section);
+  void write(const std::shared_ptr<const RoomDocument> &room) { write(*room, room->coreModel.get()); }
 
   template <typename T>
   void write(const std::vector<T> &values) {
@@ -179,6 +182,21 @@ void RoomValues::write(const RoomDocument &room, const std::string *coreModel) {
   json_.endObject();
 }
 
+void RoomValues::write(const StructureDocument &structure) {
+  const RoomDocument &elements = structure.elements;
+  json_.beginObject();
+  member("doors", elements.doors);
+  optional("floors", elements.floors);
+  member("objects", elements.objects);
+  member("openings", elements.openings);
+  member("rooms", structure.rooms);
+  optional("sections", elements.sections);
+  member("version", elements.version);
+  member("walls", elements.walls);
+  member("windows", elements.windows);
+  json_.endObject();
+}
+
 /// An estimate of the text's length; a surface of an iPhone takes 1.0 to 1.1 KB.
 std::size_t expectedSize(const RoomDocument &room) {
   constexpr std::size_t kItem = 1200, kRest = 4096;
@@ -189,11 +207,21 @@ std::size_t expectedSize(const RoomDocument &room) {
 
 }  // namespace
 
-std::string writeRoom(const RoomDocument &room) {
+std::string writeRoom(const RoomDocument &room, JsonStyle style) {
   std::string text;
   text.reserve(expectedSize(room));
-  JsonWriter json(text);
+  JsonWriter json(text, style);
   RoomValues(json).write(room, room.coreModel.get());
+  return text;
+}
+
+std::string writeStructure(const StructureDocument &structure) {
+  std::size_t size = expectedSize(structure.elements);
+  for (const auto &room : structure.rooms) size += expectedSize(*room);
+  std::string text;
+  text.reserve(size);
+  JsonWriter json(text);
+  RoomValues(json).write(structure);
   return text;
 }
 

@@ -1,16 +1,22 @@
 #pragma once
 
+#include "base/JsonWriter.h"
 #include "rooms/RoomDocument.h"
 
 #include <string>
 
 namespace vantorel {
 
+struct StructureDocument;
+
 /// The room as a current iPhone's JSONEncoder writes it: pretty, keys sorted, shortest floats. Keys that the
 /// document lacks stay absent. Throws JsonEncodingError for a NaN or infinite number. Pure; any thread.
-std::string writeRoom(const RoomDocument &room);
+std::string writeRoom(const RoomDocument &room, JsonStyle style = JsonStyle::pretty);
 
-/// The same without coreModel, compact: what identifierOf looks at.
+/// The structure likewise: its elements, and under "rooms" all its rooms as they went in, with what they have.
+std::string writeStructure(const StructureDocument &structure);
+
+/// A room as writeRoom has it without coreModel, compact: what identifierOf looks at, and all values when there is no coreModel.
 std::string writeVisibleValues(const RoomDocument &room);
 
 }  // namespace vantorel

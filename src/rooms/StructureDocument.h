@@ -1,4 +1,4 @@
-// Several rooms of one home as one: off the iPhone, what a captured structure holds.
+// Several rooms of one home as one: off the iPhone, what a captured structure holds (docs/structures.md).
 #pragma once
 
 #include "rooms/RoomDocument.h"
@@ -10,14 +10,17 @@
 namespace vantorel {
 
 struct StructureDocument {
-  /// What all the rooms have, each thing once. Without coreModel, story and identifier, as an iPhone's.
+  /// What all the rooms have, each thing once. Without coreModel, story and identifier, as an iPhone's; floors
+  /// and sections are always there.
   RoomDocument elements;
-  std::vector<std::shared_ptr<const RoomDocument>> rooms;  ///< as they went in
-  /// Which element stands for each one that was left out.
+  std::vector<std::shared_ptr<const RoomDocument>> rooms;  ///< as they went in; none is null
+  /// Which element stands for each one that was left out. An identifier that several rooms share and that
+  /// stayed is not in it.
   std::map<Uuid, Uuid> keptFor;
 };
 
-/// Derived from the content (a version 8 UUID): equal rooms, equal identifier, on every machine.
+/// Derived from the visible values of the rooms in their order (a version 8 UUID): equal rooms, equal
+/// identifier, on every machine. Throws JsonEncodingError for a NaN or infinite number.
 Uuid identifierOf(const StructureDocument &structure);
 
 }  // namespace vantorel

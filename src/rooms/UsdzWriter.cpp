@@ -2,12 +2,14 @@
 
 #include "rooms/RoomMesh.h"
 #include "rooms/StoredZip.h"
+#include "rooms/UsdNames.h"
 #include "rooms/UsdText.h"
 
 #include <array>
 #include <cstddef>
 #include <map>
 #include <numeric>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -32,24 +34,14 @@ struct Label {
   std::string uuid;
 };
 
-std::string numbered(std::string_view stem, std::size_t number) {
-  return std::string(stem) + std::to_string(number);
-}
-
-/// "washerDryer" becomes "WasherDryer".
-std::string capitalized(std::string text) {
-  if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-  return text;
-}
-
 std::string categoryText(const EnumCase &category) {
-  std::string text = capitalized(category.name);
+  std::string text = usdCapitalized(category.name);
   if (!category.isOpen) return text;
   return text + (*category.isOpen ? "(Isopen: True)" : "(Isopen: False)");
 }
 
 Label labelOf(const Surface &surface, std::string_view stem, std::size_t index) {
-  return {numbered(stem, index), categoryText(surface.category), surface.identifier.text()};
+  return {usdNumbered(stem, index), categoryText(surface.category), surface.identifier.text()};
 }
 
 Float4x4 translation(Float3 to) { return {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, to.x, to.y, to.z, 1}}; }
@@ -94,25 +86,40 @@ void writeElement(UsdText &usd, const Label &label, const Mesh &mesh, const Floa
   writeMaterial(usd, materialName, material);
 }
 
-/// The floor that a section stands on: the first of its storey, else the first.
-float floorHeight(const RoomDocument &room, const Section &section) {
-  if (!room.floors || room.floors->empty()) return section.center.y;
-  for (const Surface &floor : *room.floors)
-    if (floor.story == section.story) return floor.transform.at(3, 1);
-  return room.floors->front().transform.at(3, 1);
-}
+/// Where sections stand: on the first floor of their storey, else on the first of all.
+class FloorHeights {
+ public:
+  explicit FloorHeights(const RoomDocument &room) {
+    if (!room.floors) return;
+    for (const Surface &floor : *room.floors) {
+      const float height = floor.transform.at(3, 1);
+      if (!first_) first_ = height;
+      if (floor.story) byStorey_.emplace(*floor.story, height);
+    }
+  }
+
+  float under(const Section &section) const {
+    const auto height = byStorey_.find(section.story);
+    return height != byStorey_.end() ? height->second : first_.value_or(section.center.y);
+  }
+
+ private:
+  std::optional<float> first_;
+  std::map<std::int64_t, float> byStorey_;
+};
 
 void writeSections(UsdText &usd, const RoomDocument &room) {
   if (!room.sections || room.sections->empty()) return;
+  const FloorHeights floors(room);
   std::map<std::string, std::size_t> countOf;
   usd.beginPrim("Xform", "Section_grp", {kGroup});
   for (const Section &section : *room.sections) {
     const std::string stem = usdNameStem(section.label, "section");
-    const std::string name = numbered(stem, countOf[stem]++);
+    const std::string name = usdNumbered(stem, countOf[stem]++);
     usd.beginPrim("Xform", name, {kAssembly});
     usd.transform(translation(section.center));
     // The centre is half way up: as high again above it is the ceiling. The anchor lies on its back there.
-    const float rise = section.center.y - floorHeight(room, section);
+    const float rise = section.center.y - floors.under(section);
     usd.beginPrim("Xform", name + "_centerTop");
     usd.transform({{1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, rise, 0, 1}});
     usd.endPrim();
@@ -142,8 +149,8 @@ PanelsByWall panelsByWall(const RoomDocument &room) {
       panels[wall == wallOf.end() ? room.walls.size() : wall->second].push_back({&surfaces[i], stem, i});
     }
   };
-  distribute(room.doors, "Door");
-  distribute(room.windows, "Window");
+  distribute(room.doors, kDoorStem);
+  distribute(room.windows, kWindowStem);
   return panels;
 }
 
@@ -160,7 +167,7 @@ void writeArchitecture(UsdText &usd, const RoomDocument &room) {
   for (std::size_t k = 0; k < room.walls.size(); ++k) {
     const Surface &wall = room.walls[k];
     usd.beginPrim("Xform", "Wall_" + std::to_string(k) + "_grp", {kComponent});
-    writeElement(usd, labelOf(wall, "Wall", k), wallMesh(wall), wall.transform, kWhite);
+    writeElement(usd, labelOf(wall, kWallStem, k), wallMesh(wall), wall.transform, kWhite);
     writePanels(usd, panels[k]);
     usd.endPrim();
   }
@@ -177,7 +184,7 @@ void writeFloors(UsdText &usd, const RoomDocument &room) {
   usd.beginPrim("Xform", "Floor_grp", {kComponent});
   for (std::size_t i = 0; i < room.floors->size(); ++i) {
     const Surface &floor = (*room.floors)[i];
-    writeElement(usd, labelOf(floor, "Floor", i), floorMesh(floor), floor.transform, kWhite);
+    writeElement(usd, labelOf(floor, kFloorStem, i), floorMesh(floor), floor.transform, kWhite);
   }
   usd.endPrim();
 }
@@ -185,15 +192,12 @@ void writeFloors(UsdText &usd, const RoomDocument &room) {
 /// One group per category, sorted by name; each counts its objects in the order of the room.
 void writeObjects(UsdText &usd, const RoomDocument &room) {
   if (room.objects.empty()) return;
-  std::map<std::string, std::vector<const RoomObject *>> categories;
-  for (const RoomObject &object : room.objects)
-    categories[usdNameStem(capitalized(object.category.name), "Object")].push_back(&object);
   usd.beginPrim("Xform", "Object_grp", {kGroup});
-  for (const auto &[stem, objects] : categories) {
+  for (const auto &[stem, objects] : objectsByStem(room)) {
     usd.beginPrim("Xform", stem + "_grp", {kComponent});
     for (std::size_t i = 0; i < objects.size(); ++i) {
       const RoomObject &object = *objects[i];
-      const Label label{numbered(stem, i), categoryText(object.category), object.identifier.text()};
+      const Label label{usdNumbered(stem, i), categoryText(object.category), object.identifier.text()};
       writeElement(usd, label, objectMesh(object), object.transform, kWhite);
     }
     usd.endPrim();
