@@ -33,9 +33,9 @@ fs::path freshFolder() {
 }
 
 std::shared_ptr<vantorel::CapturedRoom> capturedRoom(const std::string &text) {
-  static vantorel::Faults none;
+  static vantorel::DeviceParts device;
   auto document = std::make_shared<const vantorel::RoomDocument>(vantorel::readRoom(text));
-  return std::make_shared<vantorel::SimulatedRoom>(document, vantorel::identifierOf(*document), none);
+  return std::make_shared<vantorel::SimulatedRoom>(document, vantorel::identifierOf(*document), device);
 }
 
 void freeText(const char *text) { std::free(const_cast<char *>(text)); }

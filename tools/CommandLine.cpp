@@ -108,7 +108,8 @@ CLI::App *addHost(CLI::App &app, HostOptions &options) {
   command->add_flag_callback(
       "--no-callbacks", [&options] { options.registersCallbacks = false; },
       "Register no callback at the start");
-  refuseOption(*command, "--record");
+  command->add_option("--record", options.recording, "Record what the sessions deliver, for device recording")
+      ->type_name("FILE");
   command->footer(R"(Commands
   FUNCTION [ARGUMENT...]  an exported function; @FILE for a text argument is that file's text
   setSLOT                 registers a callback that prints (without --no-callbacks all ten are)
@@ -119,7 +120,7 @@ CLI::App *addHost(CLI::App &app, HostOptions &options) {
   device ios VERSION | lidar on|off | torch present|absent|refused|nodevice
   device window full|bare|empty|none | coaching N | tracking normal|limited|unavailable|auto
   device camera N*16 | projection N*16 | map present|none | fail CALL [COUNT [SKIP]]
-  device room FILE [SECONDS [RATE]] | update FILE | instruction CASE | end [DESCRIPTION]
+  device room FILE [SECONDS [RATE]] | recording FILE | update FILE | instruction CASE | end [DESCRIPTION]
 Words are split as in a shell, without expansion; # starts a comment.
 
 Environment

@@ -33,7 +33,7 @@ char *setRoom(const Words &words) {
   return vantorelDeviceSetRoom(words[1].c_str(), seconds, rate);
 }
 
-char *setRecording(const Words &) { throw ScriptError("recordings are not available in this version"); }
+char *setRecording(const Words &words) { return vantorelDeviceSetRecording(words[1].c_str()); }
 
 char *deliverUpdate(const Words &words) { return vantorelDeviceDeliverUpdate(words[1].c_str()); }
 

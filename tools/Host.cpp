@@ -35,6 +35,11 @@ void expectDone(char *answer) {
   if (const DeviceText refusal{answer}) throw ScriptError(refusal.get());
 }
 
+void expectPlayed() {
+  const DeviceText played(vantorelDeviceState("recording.playedEvents"));
+  if (std::string_view(played.get()) == "0") throw ScriptError("no event of the recording was played");
+}
+
 void hearFiles(const std::string &folder) {
   for (const auto &[path, bytes] : fileSizes(folder))
     Listening::hear("file", path, EventValue::json(std::to_string(bytes)));
@@ -47,19 +52,35 @@ Host::Host(Printer &printer, std::string documents)
   expectDone(vantorelDeviceSetDocumentsDirectory(documents_.c_str()));
 }
 
+void Host::record(const std::string &path) const { expectDone(vantorelDeviceRecord(path.c_str())); }
+
 bool Host::runScript(std::istream &script) {
   bool isGood = true;
-  for (std::size_t number = 1; printer_.isGood() && script.peek() != kEnd; ++number)
-    isGood &= runLine(script, number);
-  return isGood;
+  std::size_t lines = 0;
+  while (printer_.isGood() && script.peek() != kEnd) isGood &= runLine(script, ++lines);
+  return finish(lines) && isGood;
 }
 
 bool Host::runLine(std::istream &script, std::size_t number) {
-  try {
+  return attempt(number, [&] {
     std::string line = readLine(script);
     if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     const Words words = splitWords(line);
-    if (!words.empty()) runNamed(words);
+    if (words.empty()) return;
+    runNamed(words);
+    if (words[0] == "device" && words[1] == "recording") recordingLine_ = number;
+  });
+}
+
+bool Host::finish(std::size_t lines) const {
+  const bool isWhole = attempt(lines, [] { expectDone(vantorelDeviceRecord(nullptr)); });
+  return attempt(recordingLine_, expectPlayed) && isWhole;
+}
+
+template <typename Action>
+bool Host::attempt(std::size_t number, Action action) {
+  try {
+    action();
     return true;
   } catch (const std::exception &error) {
     const std::string message = "line " + std::to_string(number) + ": " + error.what();

@@ -31,6 +31,7 @@ bool run(const HostOptions &options, std::istream &script, const std::string &do
   JsonPrinter json(std::cout);
   ReadablePrinter readable(std::cout);
   Host host(options.json ? static_cast<Printer &>(json) : readable, documents);
+  if (!options.recording.empty()) host.record(options.recording);
   if (options.registersCallbacks) registerCallbacks();
   return host.runScript(script);
 }

@@ -48,19 +48,23 @@ VANTOREL_EXPORT void vantorelDeviceSetHandoverSleep(uint32_t microseconds, uint3
 
 /* ---- What comes out beside the callbacks ---- */
 
-/** `kind` is "console" (name null, value the line) or "present" (name "share", "preview", "screenshot" or
- * "recording"). The texts are valid during the call only. Called on the thread where it happens. */
+/** `kind` is "console" (name null, value the line) or "present": something is shown over the host's view (name
+ * "share", "preview", "screenshot" or "recording", value the path or the text). The texts are valid during the call only. Called on the thread where it happens. */
 typedef void (*vantorelDeviceObserver)(const char *kind, const char *name, const char *value);
 
-/** Null: console lines go to standard output (default). */
+/** Null: console lines go to standard output, and nothing tells what is shown (default). */
 VANTOREL_EXPORT void vantorelDeviceSetObserver(vantorelDeviceObserver observer) VANTOREL_NOEXCEPT;
 
 /** JSON of one value: a property of the controller by its name, or "window.subviews", "view.subviews",
  *  "captureSession.isRunning", "roomCaptureSessionConfig.isCoachingEnabled", "renderThreads", "device.torch",
+ *  "screenRecorder.isRecording",
+ *  "recording.playedEvents" (of the recording that was set last; null without one),
  *  "roomCaptureView.subviews" (hidden ones are marked); or what the library told the platform:
  *  "window.isClear", "rootView.isTransparent", "view.ignoresTouches", "navigationController.dismissals",
  *  "roomCaptureView.settings", "sceneView.settings", "displayLink.settings",
- *  "captureSession.usesHostARSession", "arSession.hasDelegate".
+ *  "captureSession.usesHostARSession", "arSession.hasDelegate"; or, of the current session's AR session,
+ *  "arSession.tracking" ("normal", "limited", "unavailable"; "none" before the first frame), "arSession.space"
+ *  (its identifier as text), "arSession.initialWorldMap" (a short text; null unless it was run from one).
  *  With a null name: one object of the controller's 36 properties in their order. Null for an unknown name.
  */
 VANTOREL_EXPORT char *vantorelDeviceState(const char *name) VANTOREL_NOEXCEPT;
@@ -76,8 +80,8 @@ VANTOREL_EXPORT char *vantorelDeviceSetDocumentsDirectory(const char *path) VANT
  *    torch       present, absent, refused, nodevice
  *    window      full, bare (no root controller), empty (no host view), none
  *    coaching    how many subviews the platform's scan view has
- *    tracking    normal, limited, unavailable, auto (stored; nothing asks for it in this version)
- *    map         present, none (likewise)
+ *    tracking    normal, limited, unavailable, auto (normal, or limited for 2 s after a run from a world map)
+ *    map         present, none: whether AR sessions have a world map when one is due
  *    camera, projection   16 numbers, column by column, separated by blanks */
 VANTOREL_EXPORT char *vantorelDeviceSetOption(const char *name, const char *value) VANTOREL_NOEXCEPT;
 
@@ -89,6 +93,13 @@ VANTOREL_EXPORT char *vantorelDeviceFail(const char *call, uint32_t count, uint3
 
 /** The next run of a session scans the room in this file within `seconds`, at `rate` updates a second. */
 VANTOREL_EXPORT char *vantorelDeviceSetRoom(const char *path, double seconds, double rate) VANTOREL_NOEXCEPT;
+
+/** The next runs of a session play the runs of the recording in this file, in turn. docs/recordings.md. */
+VANTOREL_EXPORT char *vantorelDeviceSetRecording(const char *path) VANTOREL_NOEXCEPT;
+
+/** Records what sessions deliver in all runs that begin from now on; the file is made anew. Null ends the
+ * recording and answers with a message when not all of it could be written. Goes on through a power cycle. */
+VANTOREL_EXPORT char *vantorelDeviceRecord(const char *path) VANTOREL_NOEXCEPT;
 
 /** These three happen at once on the delegate thread, before the call returns (in the free-running mode they
  * are only handed over by then); they reach the current session's delegate whether the session runs or not. */

@@ -1,7 +1,8 @@
 #include "platform/PlatformError.h"
-#include "platform/simulated/SimulatedFiles.h"
+#include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedRoom.h"
-#include "support/TestData.h"
+#include "support/DeviceTest.h"
+#include "support/MemoryFiles.h"
 
 #include <gtest/gtest.h>
 
@@ -24,75 +25,116 @@ class SimulatedFilesTest : public ::testing::Test {
     }
     return "";
   }
+  static void expectRefusal(const std::function<void()> &call, const std::string &what,
+                            const std::string &why) {
+    EXPECT_EQ(refusalOf(call), "cannot " + what + ": " + why);
+  }
 
   testing::TemporaryFolder folder_;
-  Faults faults_;
-  SimulatedFiles files_{faults_};
+  DeviceParts device_;
+  SimulatedFiles &files_ = device_.files;
 };
 
-TEST_F(SimulatedFilesTest, ReplaceWhatWasThere) {
+/// What holds on the disk and in memory.
+class AnyFiles : public SimulatedFilesTest, public ::testing::WithParamInterface<const char *> {
+ protected:
+  AnyFiles() {
+    if (GetParam() == std::string("Memory")) files_.setStore(std::make_shared<testing::MemoryFiles>());
+    files_.createDirectory(folder_.path());
+  }
+};
+INSTANTIATE_TEST_SUITE_P(, AnyFiles, ::testing::Values("Disk", "Memory"),
+                         [](const auto &test) { return std::string(test.param); });
+
+TEST_P(AnyFiles, ReplaceWhatWasThere) {
   files_.createDirectory(path("a/b/c"));
-  files_.createDirectory(path("a/b/c"));
+  files_.createDirectory(path("a/b/c/"));
   files_.writeFile(path("a/b/c/é ü"), "a longer text");
-  files_.writeFile(path("a/b/c/é ü"), std::string("s\0t", 3));
-  EXPECT_EQ(SimulatedFiles::read(path("a/b/c/é ü")), std::string("s\0t", 3));
-  EXPECT_TRUE(files_.fileExists(path("a/b")));
+  files_.writeFile(path("a/b//c/../c/./é ü"), std::string("s\0t", 3));
+  EXPECT_EQ(files_.readFile(path("a/b/c/é ü")), std::string("s\0t", 3));
+  EXPECT_TRUE(files_.fileExists(path("a/b")) && files_.fileExists(path("a/b/")));
   EXPECT_FALSE(files_.fileExists(path("a/b/c/none")));
   EXPECT_FALSE(files_.fileExists(path("a/b/c/é ü/below a file")));
+  EXPECT_TRUE(files_.fileExists(files_.temporaryDirectory()));
 }
 
-TEST_F(SimulatedFilesTest, TellWhatFailedAndWhy) {
-  files_.writeFile(path("file"), "");
-  const auto expectRefusal = [](const std::string &refusal, const std::string &what, const std::string &why) {
-    EXPECT_NE(refusal.find(what), std::string::npos) << refusal;
-    EXPECT_NE(refusal.find(why), std::string::npos) << refusal;
-  };
-  expectRefusal(refusalOf([&] { files_.createDirectory(path("file")); }), path("file"), "Not a directory");
-  expectRefusal(refusalOf([&] { files_.createDirectory(path("file/below")); }), "create the folder",
-                "Not a directory");
-  expectRefusal(refusalOf([&] { files_.writeFile(path("none/file"), "x"); }),
-                "cannot write " + path("none/file"), "No such file");
-  expectRefusal(refusalOf([&] { files_.writeFile(folder_.path(), "x"); }), "cannot write", "Is a directory");
-  expectRefusal(refusalOf([&] { SimulatedFiles::read(path("none")); }), "cannot read", "No such file");
-  expectRefusal(refusalOf([&] { SimulatedFiles::read(folder_.path()); }), "cannot read", "Is a directory");
-  if (fs::exists("/dev/full"))
-    expectRefusal(refusalOf([&] { files_.writeFile("/dev/full", "x"); }), "cannot write", "No space left");
+TEST_P(AnyFiles, RemoveAFileOrAFolderWithAllInIt) {
+  for (const char *folder : {"a/b/c", "a-", "ab"}) files_.createDirectory(path(folder));
+  for (const char *file : {"a/b/c/file", "a/b/file", "a/b.file"}) files_.writeFile(path(file), "x");
+  files_.removeItem(path("a/b.file"));
+  EXPECT_FALSE(files_.fileExists(path("a/b.file")));
+  files_.removeItem(path("a"));
+  for (const char *gone : {"a", "a/b", "a/b/c", "a/b/c/file"}) EXPECT_FALSE(files_.fileExists(path(gone)));
+  EXPECT_TRUE(files_.fileExists(path("a-")) && files_.fileExists(path("ab")));
+  expectRefusal([&] { files_.removeItem(path("a")); }, "remove " + path("a"), "No such file or directory");
+}
+
+TEST_P(AnyFiles, TellWhatFailedAndWhy) {
+  const std::string noFile = "No such file or directory", noFolder = "Not a directory",
+                    folder = "Is a directory";
+  files_.writeFile(path("file"), "kept");
+  expectRefusal([&] { files_.createDirectory(path("file")); }, "create the folder " + path("file"), noFolder);
+  expectRefusal([&] { files_.createDirectory(path("file/below")); },
+                "create the folder " + path("file/below"), noFolder);
+  expectRefusal([&] { files_.writeFile(path("none/file"), "x"); }, "write " + path("none/file"), noFile);
+  expectRefusal([&] { files_.writeFile(path("file/below"), "x"); }, "write " + path("file/below"), noFolder);
+  expectRefusal([&] { files_.writeFile(folder_.path(), "x"); }, "write " + folder_.path(), folder);
+  expectRefusal([&] { files_.readFile(path("none")); }, "read " + path("none"), noFile);
+  expectRefusal([&] { files_.readFile(folder_.path()); }, "read " + folder_.path(), folder);
+  EXPECT_EQ(files_.readFile(path("file")), "kept");
+}
+
+TEST_P(AnyFiles, FailAsPlanned) {
+  files_.writeFile(path("file"), "kept");
+  for (const char *call : {"documentsDirectory", "createDirectory", "readFile", "removeFile", "writeFile"})
+    device_.faults.plan(call, 1, 0);
+  EXPECT_NE(refusalOf([&] { files_.documentsDirectory(); }), "");
+  EXPECT_NE(refusalOf([&] { files_.createDirectory(path("a")); }), "");
+  EXPECT_NE(refusalOf([&] { files_.readFile(path("file")); }), "");
+  EXPECT_NE(refusalOf([&] { files_.removeItem(path("file")); }), "");
+  EXPECT_NE(refusalOf([&] { files_.writeFile(path("file"), "x"); }), "");
+  EXPECT_FALSE(files_.fileExists(path("a")));
+  EXPECT_EQ(files_.readFile(path("file")), "kept");
+  EXPECT_EQ(refusalOf([&] { files_.writeFile(path("file"), "x"); }), "");
+}
+
+TEST_F(SimulatedFilesTest, RefuseWhatTheSystemRefuses) {
+  if (!fs::exists("/dev/full") || !fs::exists("/proc/self/mem")) GTEST_SKIP() << "no such files here";
+  expectRefusal([&] { files_.writeFile("/dev/full", "x"); }, "write /dev/full", "No space left on device");
+  expectRefusal([&] { files_.readFile("/proc/self/mem"); }, "read /proc/self/mem", "Input/output error");
 }
 
 TEST_F(SimulatedFilesTest, GiveAnAbsoluteDocumentsDirectory) {
   EXPECT_EQ(files_.documentsDirectory(), fs::current_path().string());
-  files_.setDocumentsDirectory(path("new/er/../documents/"));
-  EXPECT_EQ(files_.documentsDirectory(), fs::canonical(folder_.path()).string() + "/new/documents");
-  EXPECT_TRUE(fs::is_directory(path("new/documents")));
+  const std::string documents = fs::canonical(folder_.path()).string() + "/new/documents";
+  for (const char *name : {"new/er/../documents/", "new/documents", "new/documents/."}) {
+    files_.setDocumentsDirectory(path(name));
+    EXPECT_EQ(files_.documentsDirectory(), documents) << name;
+  }
+  EXPECT_TRUE(fs::is_directory(documents));
+  fs::create_directory_symlink(documents, path("link"));
+  files_.setDocumentsDirectory(path("link/below"));
+  EXPECT_EQ(files_.documentsDirectory(), documents + "/below");
   files_.writeFile(path("file"), "");
   EXPECT_NE(refusalOf([&] { files_.setDocumentsDirectory(path("file")); }), "");
   EXPECT_NE(refusalOf([&] { files_.setDocumentsDirectory(""); }), "");
-  EXPECT_TRUE(files_.documentsDirectory().ends_with("/new/documents"));
-}
-
-TEST_F(SimulatedFilesTest, FailAsPlanned) {
-  for (const char *call : {"documentsDirectory", "createDirectory", "writeFile"}) faults_.plan(call, 1, 0);
-  EXPECT_NE(refusalOf([&] { files_.documentsDirectory(); }), "");
-  EXPECT_NE(refusalOf([&] { files_.createDirectory(path("a")); }), "");
-  EXPECT_NE(refusalOf([&] { files_.writeFile(path("b"), "x"); }), "");
-  EXPECT_TRUE(fs::is_empty(folder_.path()));
-  EXPECT_EQ(refusalOf([&] { files_.writeFile(path("b"), "x"); }), "");
+  EXPECT_EQ(files_.documentsDirectory(), documents + "/below");
 }
 
 TEST_F(SimulatedFilesTest, RoomsExportThemselvesWithoutTheLibrarysWrites) {
   auto document = std::make_shared<RoomDocument>();
   document->walls.resize(1);
   document->walls[0].transform.elements = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
-  const SimulatedRoom room(document, {}, faults_);
-  faults_.plan("writeFile", 1, 0);
-  faults_.plan("encodeRoom", 1, 0);
+  const SimulatedRoom room(document, {}, device_);
+  device_.faults.plan("writeFile", 1, 0);
+  device_.faults.plan("encodeRoom", 1, 0);
   EXPECT_NE(refusalOf([&] { room.jsonText(); }), "");
   EXPECT_EQ(refusalOf([&] { room.jsonText(); }), "");
   EXPECT_EQ(refusalOf([&] { room.writeUsdz(path("scan.usdz")); }), "");
   EXPECT_GT(fs::file_size(path("scan.usdz")), 0U);
   EXPECT_NE(refusalOf([&] { room.writeUsdz(path("scan.obj")); }), "");
   EXPECT_NE(refusalOf([&] { room.writeUsdz(path("none/scan.usdz")); }), "");
-  faults_.plan("exportRoom", 1, 0);
+  device_.faults.plan("exportRoom", 1, 0);
   EXPECT_NE(refusalOf([&] { room.writeUsdz(path("b.usdz")); }), "");
 
   document->walls[0].dimensions.x = std::numeric_limits<float>::quiet_NaN();
@@ -115,8 +157,8 @@ TEST(SimulatedRoom, GivesCasesOfLaterSystemsAsUnknown) {
   document->objects.resize(2);
   document->objects[0].category.name = "stairs";
   document->objects[1].category.name = "hammock";
-  Faults faults;
-  const Content content = SimulatedRoom(document, {}, faults).content();
+  DeviceParts device;
+  const Content content = SimulatedRoom(document, {}, device).content();
   EXPECT_EQ(content.doors[0].category, Content::SurfaceCategory::door);
   EXPECT_TRUE(content.doors[0].isOpen);
   EXPECT_EQ(content.doors[0].confidence, Content::Confidence::high);
@@ -126,6 +168,29 @@ TEST(SimulatedRoom, GivesCasesOfLaterSystemsAsUnknown) {
   EXPECT_EQ(content.doors[1].confidence, Content::Confidence::unknown);
   EXPECT_EQ(content.objects[0].category, Content::ObjectCategory::stairs);
   EXPECT_EQ(content.objects[1].category, Content::ObjectCategory::unknown);
+}
+
+class DeviceInMemory : public testing::DeviceTest {
+ protected:
+  DeviceInMemory() {
+    simulatedPlatform().files().setStore(memory_);
+    vantorelDeviceSetDocumentsDirectory(file("below").c_str());
+  }
+  ~DeviceInMemory() override { simulatedPlatform().files().setStore(std::make_shared<DiskFiles>()); }
+
+  const std::shared_ptr<testing::MemoryFiles> memory_ = std::make_shared<testing::MemoryFiles>();
+};
+
+TEST_F(DeviceInMemory, LeavesTheDiskAlone) {
+  powerCycle();
+  initialize();
+  start();
+  update(testing::walledRoom(1));
+  advance();
+  EXPECT_EQ(trySaveRoomPlanExperience("a", "b"), 1);
+  EXPECT_EQ(memory_->list(file("below")), (testing::Lines{"a/", "a/b/", "a/b/scan.json", "a/b/scan.usdz"}));
+  EXPECT_EQ(memory_->read(file("below/a/b/scan.usdz")).substr(0, 4), "PK\x03\x04");
+  EXPECT_EQ(files(), testing::Lines());
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "platform/simulated/RoomPlayback.h"
 #include "platform/simulated/SimulatedSession.h"
 
 #include <gtest/gtest.h>

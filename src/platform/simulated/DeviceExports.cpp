@@ -3,6 +3,9 @@
 
 #include "platform/PlatformError.h"
 #include "platform/PluginAccess.h"
+#include "platform/simulated/InstructionNames.h"
+#include "platform/simulated/Recording.h"
+#include "platform/simulated/RoomPlayback.h"
 #include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedSession.h"
 #include "rooms/RoomReader.h"
@@ -47,13 +50,20 @@ std::optional<std::string> refusalToAdvance(double seconds) {
   return std::nullopt;
 }
 
-std::shared_ptr<const RoomDocument> readRoomFile(const std::string &path) {
-  const std::string text = SimulatedFiles::read(path);
+/// What `read` makes of the file's text.
+template <typename Read>
+auto readFile(const std::string &path, Read read) {
+  const std::string text = DiskFiles().read(path);
   try {
-    return std::make_shared<RoomDocument>(readRoom(text));
+    return read(text);
   } catch (const RoomReadError &error) {
     throw PlatformError(path + ": " + error.what());
   }
+}
+
+std::shared_ptr<const RoomDocument> readRoomFile(const std::string &path) {
+  return readFile(path,
+                  [](const std::string &text) { return std::make_shared<RoomDocument>(readRoom(text)); });
 }
 
 /// Hands an event of the current session to the delegate thread.
@@ -64,16 +74,6 @@ char *deliver(const char *function, Deliver event) {
   if (!session) return copied("there is no session to deliver this to; none has been made yet");
   parts().scheduler.handOver(Role::delegate, [session, event] { event(*session); });
   return nullptr;
-}
-
-Instruction instructionNamed(std::string_view name) {
-  if (name == "moveCloseToWall") return Instruction::moveCloseToWall;
-  if (name == "moveAwayFromWall") return Instruction::moveAwayFromWall;
-  if (name == "slowDown") return Instruction::slowDown;
-  if (name == "turnOnLight") return Instruction::turnOnLight;
-  if (name == "normal") return Instruction::normal;
-  if (name == "lowTexture") return Instruction::lowTexture;
-  return Instruction::other;
 }
 
 }  // namespace
@@ -155,6 +155,20 @@ char *vantorelDeviceSetRoom(const char *path, double seconds, double rate) noexc
   } catch (const PlatformError &error) {
     return copied(error.what());
   }
+}
+
+char *vantorelDeviceSetRecording(const char *path) noexcept {
+  try {
+    const auto runs = readFile(textOf(path), readRecording);
+    parts().sessions.setRecording({runs.begin(), runs.end()});
+    return nullptr;
+  } catch (const PlatformError &error) {
+    return copied(error.what());
+  }
+}
+
+char *vantorelDeviceRecord(const char *path) noexcept {
+  return answer(path ? parts().recorder.start(path) : parts().recorder.end());
 }
 
 char *vantorelDeviceDeliverUpdate(const char *path) noexcept {

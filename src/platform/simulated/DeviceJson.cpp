@@ -44,6 +44,21 @@ void frame(JsonWriter &json, const Rect &rect) {
 
 std::string jsonOf(bool value) { return value ? "true" : "false"; }
 
+std::string jsonOf(const std::optional<DeviceTraits::Tracking> &tracking) {
+  using Tracking = DeviceTraits::Tracking;
+  switch (tracking.value_or(Tracking::automatic)) {
+    case Tracking::normal:
+      return "\"normal\"";
+    case Tracking::limited:
+      return "\"limited\"";
+    case Tracking::unavailable:
+      return "\"unavailable\"";
+    case Tracking::automatic:
+      break;
+  }
+  return "\"none\"";
+}
+
 std::string jsonOf(const std::vector<std::string> &texts) {
   std::string text;
   JsonWriter json(text, JsonStyle::compact);

@@ -3,6 +3,7 @@
 
 #include "platform/RenderThreads.h"
 #include "platform/Screen.h"
+#include "platform/simulated/DeviceOptions.h"
 
 #include <optional>
 #include <string>
@@ -11,6 +12,8 @@
 namespace vantorel {
 
 std::string jsonOf(bool value);
+/// "none" before the first frame; never automatic.
+std::string jsonOf(const std::optional<DeviceTraits::Tracking> &tracking);
 std::string jsonOf(const std::vector<std::string> &texts);
 /// "null" for views made with the plain initialiser.
 std::string jsonOf(const std::optional<RoomCaptureViewSettings> &settings);

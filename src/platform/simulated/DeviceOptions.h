@@ -20,8 +20,8 @@ struct DeviceTraits {
   Torch torch = Torch::present;
   Window window = Window::full;
   int coachingSubviews = 2;                    ///< how many subviews the platform's scan view has
-  Tracking tracking = Tracking::automatic;     ///< kept for world maps, which the library does not use yet
-  bool hasWorldMap = true;                     ///< likewise
+  Tracking tracking = Tracking::automatic;     ///< of the current frame
+  bool hasWorldMap = true;                     ///< whether AR sessions give their world map
   std::optional<Float4x4> camera, projection;  ///< of the current frame; nothing: the walk's and the lens's
 };
 

@@ -4,7 +4,12 @@
 #include "platform/simulated/DeviceOptions.h"
 #include "platform/simulated/Faults.h"
 #include "platform/simulated/Scheduler.h"
+#include "platform/simulated/SessionRecorder.h"
 #include "platform/simulated/Sessions.h"
+#include "platform/simulated/SimulatedFiles.h"
+
+#include <atomic>
+#include <cstdint>
 
 namespace vantorel {
 
@@ -12,9 +17,12 @@ namespace vantorel {
 struct DeviceParts {
   DeviceOptions options;
   Faults faults;
+  SimulatedFiles files{faults};
   DeviceNotes notes;
   Sessions sessions;
-  Scheduler scheduler;  // last: its threads end first
+  SessionRecorder recorder;
+  std::atomic<std::uint32_t> arSessionCount = 0;  ///< made since the power cycle
+  Scheduler scheduler;                            // last: its threads end first
 };
 
 }  // namespace vantorel

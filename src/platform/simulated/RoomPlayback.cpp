@@ -177,9 +177,9 @@ CameraWalk RoomPlayback::walkOf(const RoomDocument &room, const Plan &plan) {
 void RoomPlayback::addSteps(Time period) {
   for (const auto &[share, instruction] : kCoaching)
     steps_.push_back({std::llround(share * static_cast<double>(duration_)), instruction});
-  for (Time due = period; due < duration_ - period / 2; due += period) steps_.push_back({due, std::nullopt});
+  for (Time due = period; due < duration_ - period / 2; due += period) steps_.push_back({due, Update{}});
   std::stable_sort(steps_.begin(), steps_.end(), [](const Step &a, const Step &b) { return a.due < b.due; });
-  steps_.push_back({duration_, std::nullopt});
+  steps_.push_back({duration_, Update{}});
 }
 
 double RoomPlayback::shareOf(Time time) const {

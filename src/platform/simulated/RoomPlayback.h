@@ -1,11 +1,9 @@
 // How a finished room becomes the session that scanned it.
 #pragma once
 
-#include "platform/RoomCaptureSession.h"
 #include "platform/simulated/CameraWalk.h"
-#include "rooms/RoomDocument.h"
+#include "platform/simulated/Playback.h"
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,27 +15,22 @@ namespace vantorel {
 /// then furniture, the floors and the sections. Confidence rises, coaching comes in between, and the last
 /// update is the given room. Pure: the same room, length and rate give the same session. Immutable; any
 /// thread.
-class RoomPlayback {
+class RoomPlayback : public Playback {
  public:
-  using Time = std::int64_t;  ///< nanoseconds since the run
-
-  struct Step {
-    Time due = 0;
-    std::optional<Instruction> instruction;  ///< nothing: an update
-  };
-
   /// A message when no session has that length (seconds) and rate (updates a second); else nothing.
   static std::optional<std::string> refusal(double seconds, double rate);
   /// `room` must not be null, `seconds` and `rate` not be refused.
   RoomPlayback(std::shared_ptr<const RoomDocument> room, double seconds, double rate);
 
-  /// What happens, in order of time; the last step is the update at the session's end.
-  const std::vector<Step> &steps() const { return steps_; }
+  /// The last step is the update at the session's end.
+  const std::vector<Step> &steps() const override { return steps_; }
+  /// The identifier is that of the finished room throughout.
+  Seen seenAt(std::size_t step) const override { return {roomAt(steps_[step].due), identifier_}; }
+  Float4x4 cameraAt(Time time) const override { return walk_.poseAt(shareOf(time)); }
+  bool isRecorded() const override { return false; }
+
   /// What is known of the room by then.
   std::shared_ptr<const RoomDocument> roomAt(Time time) const;
-  /// Of the whole scan: the finished room's.
-  const Uuid &identifier() const { return identifier_; }
-  Float4x4 cameraAt(Time time) const { return walk_.poseAt(shareOf(time)); }
 
  private:
   /// When an element is first seen and when it is as in the finished room, as shares of the session.

@@ -39,9 +39,15 @@ Scheduler::Time Scheduler::now() const {
   return now_;
 }
 
+std::uint64_t Scheduler::progress() const {
+  Lock lock(mutex_);
+  return progress_;
+}
+
 void Scheduler::advance(Time duration) {
   Lock lock(mutex_);
   const Time end = timeAfter(duration);
+  ++progress_;
   while (step(lock, end)) {
   }
   now_ = std::max(now_, end);
@@ -74,6 +80,7 @@ bool Scheduler::step(Lock &lock, Time end) {
   now_ = std::max(now_, std::get<Time>(first->first));
   Event event = std::move(first->second);
   if (!event.isPeriodic) --finiteEvents_;
+  ++progress_;
   events_.erase(first);
   dispatch(lock, std::move(event));
   return true;
@@ -85,7 +92,7 @@ void Scheduler::post(Event event, Time due) {
   Lock lock(mutex_);
   if (isShutDown_) return;
   if (!event.isPeriodic) ++finiteEvents_;
-  const Key key(std::max(due, now_), event.role, arrivals_++);
+  const Key key(std::max(due, now_), event.isLast, event.role, arrivals_++);
   events_.emplace(key, std::move(event));
   if (isFreeRunning_) changed_.notify_all();  // settle may be waiting
 }

@@ -38,6 +38,7 @@ class Scheduler {
     Work work;
     Group group = 0;
     bool isPeriodic = false;           ///< settle does not wait for it
+    bool isLast = false;               ///< after all other work of its time, whatever the role
     std::shared_ptr<Thread> thread{};  ///< of render work
   };
 
@@ -68,6 +69,9 @@ class Scheduler {
   /// Advances until only periodic work is left. False when that took longer than kSettleLimit or came to kEnd.
   /// Main.
   bool settle();
+
+  /// Grows with every advance and with all work that is run in it.
+  std::uint64_t progress() const;
 
   // ---- Work ----
 
@@ -100,7 +104,7 @@ class Scheduler {
 
  private:
   using Lock = std::unique_lock<std::mutex>;
-  using Key = std::tuple<Time, Role, std::uint64_t>;  // due, role, order of arrival
+  using Key = std::tuple<Time, bool, Role, std::uint64_t>;  // due, last, role, order of arrival
 
   Time timeAfter(Time duration) const;
   bool step(Lock &lock, Time end);
@@ -126,6 +130,7 @@ class Scheduler {
   std::shared_ptr<Thread> delegateThread_, completionThread_;  // made on first use
   Time now_ = 0;
   std::uint64_t arrivals_ = 0;
+  std::uint64_t progress_ = 0;
   Group groups_ = 0;
   bool isFreeRunning_ = false;
   bool isShutDown_ = false;

@@ -1,6 +1,6 @@
 #include "platform/simulated/Sessions.h"
 
-#include "platform/simulated/RoomPlayback.h"
+#include "platform/simulated/Playback.h"
 #include "platform/simulated/SimulatedSession.h"
 
 #include <ranges>
@@ -27,26 +27,53 @@ std::shared_ptr<SimulatedSession> Sessions::current() const {
   return nullptr;
 }
 
-void Sessions::setNextScan(std::shared_ptr<const RoomPlayback> scan) {
+void Sessions::setNextScans(Scans scans) {
   std::lock_guard lock(mutex_);
-  nextScan_ = std::move(scan);
+  nextScans_.swap(scans);  // the former ones are released without the lock
+  isNew_ = true;
+}
+
+void Sessions::setRecording(Scans runs) {
+  setNextScans(std::move(runs));
+  std::lock_guard lock(mutex_);
+  playedEvents_ = 0;
 }
 
 bool Sessions::hasNextScan() const {
   std::lock_guard lock(mutex_);
-  return nextScan_ != nullptr;
+  return !nextScans_.empty();
 }
 
-std::shared_ptr<const RoomPlayback> Sessions::takeNextScan() {
+bool Sessions::hasNewScan() const {
   std::lock_guard lock(mutex_);
-  return std::exchange(nextScan_, nullptr);
+  return !nextScans_.empty() && isNew_;
+}
+
+std::shared_ptr<const Playback> Sessions::takeNextScan() {
+  std::lock_guard lock(mutex_);
+  isNew_ = false;
+  if (nextScans_.empty()) return nullptr;
+  auto scan = std::move(nextScans_.front());
+  nextScans_.pop_front();
+  return scan;
+}
+
+void Sessions::countPlayed() {
+  std::lock_guard lock(mutex_);
+  if (playedEvents_) ++*playedEvents_;
+}
+
+std::optional<std::size_t> Sessions::playedEvents() const {
+  std::lock_guard lock(mutex_);
+  return playedEvents_;
 }
 
 void Sessions::reset() {
   std::lock_guard lock(mutex_);
   created_.clear();
   lastRun_.reset();
-  nextScan_.reset();
+  nextScans_.clear();
+  playedEvents_.reset();
 }
 
 }  // namespace vantorel

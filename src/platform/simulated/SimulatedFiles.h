@@ -2,15 +2,16 @@
 
 #include "base/Guarded.h"
 #include "platform/FileManager.h"
+#include "platform/simulated/DiskFiles.h"
 #include "platform/simulated/Faults.h"
 
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace vantorel {
 
-/// Real files.
+/// The app's files: real ones, unless a test keeps them elsewhere.
 class SimulatedFiles : public FileManager {
  public:
   explicit SimulatedFiles(Faults &faults) : faults_(faults) {}
@@ -23,16 +24,19 @@ class SimulatedFiles : public FileManager {
   void removeItem(const std::string &path) override;
   void writeFile(const std::string &path, std::string_view bytes) override;
 
+  /// What the platform itself writes, which no fault of writeFile hits. Throws PlatformError.
+  void exportFile(const std::string &path, std::string_view bytes) { store_.load()->write(path, bytes); }
+
+  // ---- Control; both stay over a power cycle ----
+
   /// Creates the folder when it is absent. Throws PlatformError.
   void setDocumentsDirectory(const std::string &path);
-
-  // ---- Without faults, for what the platform itself reads and writes; both throw PlatformError ----
-
-  static std::string read(const std::string &path);
-  static void write(const std::string &path, std::string_view bytes);
+  /// Not null. The documents directory is to be set anew after it.
+  void setStore(std::shared_ptr<FileStore> store) { store_.store(std::move(store)); }
 
  private:
   Faults &faults_;
+  Guarded<std::shared_ptr<FileStore>> store_{std::make_shared<DiskFiles>()};
   Guarded<std::string> documents_;  // empty: the working directory
 };
 

@@ -6,6 +6,8 @@
 #include "platform/simulated/DeviceParts.h"
 #include "platform/simulated/SimulatedConsole.h"
 
+#include <optional>
+
 namespace vantorel {
 
 /// Tells the observer, and closes at once.
@@ -18,17 +20,23 @@ class SimulatedPresenter : public Presenter {
   SimulatedConsole &console_;
 };
 
-/// Nothing can be seen on a desktop, so a recording is a stand-in file that says so.
+/// Nothing can be seen on a desktop, so a recording is a stand-in file that says so. It is written at once; only
+/// the completions come later.
 class SimulatedScreenRecorder : public ScreenRecorder {
  public:
   explicit SimulatedScreenRecorder(DeviceParts &device) : device_(device) {}
   void start(Completion completion) override;
   void stop(const std::string &path, Completion completion) override;
-  void reset() { isRecording_ = false; }
+
+  bool isRecording() const { return start_.has_value(); }
+  void reset() { start_.reset(); }
 
  private:
+  void complete(Completion completion, std::optional<std::string> error);
+  std::optional<std::string> write(const std::string &path);
+
   DeviceParts &device_;
-  bool isRecording_ = false;
+  std::optional<Scheduler::Time> start_;  // of the recording that runs
 };
 
 }  // namespace vantorel

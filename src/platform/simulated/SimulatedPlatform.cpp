@@ -4,6 +4,7 @@
 #include "platform/simulated/DeviceJson.h"
 #include "platform/simulated/SimulatedRoom.h"
 #include "platform/simulated/SimulatedSession.h"
+#include "platform/simulated/SimulatedStructure.h"
 #include "rooms/RoomReader.h"
 
 #include <cstdio>
@@ -54,15 +55,21 @@ std::shared_ptr<CapturedRoom> SimulatedPlatform::decodeRoom(std::string_view tex
   try {
     auto document = std::make_shared<const RoomDocument>(readRoom(text));
     const Uuid identifier = identifierOf(*document);
-    return std::make_shared<SimulatedRoom>(std::move(document), identifier, parts_.faults);
+    return std::make_shared<SimulatedRoom>(std::move(document), identifier, parts_);
   } catch (const RoomReadError &error) {
     throw PlatformError(error.what());
   }
 }
 
-std::shared_ptr<StructureBuilder> SimulatedPlatform::makeStructureBuilder() { return nullptr; }
+std::shared_ptr<StructureBuilder> SimulatedPlatform::makeStructureBuilder() {
+  return std::make_shared<SimulatedStructureBuilder>(parts_);
+}
 
-std::shared_ptr<WorldMap> SimulatedPlatform::unarchiveWorldMap(std::string_view) { return nullptr; }
+std::shared_ptr<WorldMap> SimulatedPlatform::unarchiveWorldMap(std::string_view bytes) {
+  parts_.faults.check("unarchive");
+  if (parts_.faults.hits("unarchiveNone")) return nullptr;
+  return std::make_shared<SimulatedWorldMap>(readArchive(bytes), parts_.faults);
+}
 
 void SimulatedPlatform::stop(std::string_view message) {
   std::fflush(stdout);
@@ -73,10 +80,12 @@ void SimulatedPlatform::stop(std::string_view message) {
 // ---- Control ----
 
 void SimulatedPlatform::powerCycle() {
+  console_.setMuted(true);
   parts_.scheduler.shutDown();
   restartPlugin();
   resetObjects();
   parts_.scheduler.restart(isFreeRunningNext_);
+  console_.setMuted(false);
 }
 
 void SimulatedPlatform::resetObjects() {
@@ -84,9 +93,11 @@ void SimulatedPlatform::resetObjects() {
   parts_.faults.reset();
   parts_.notes.reset();
   parts_.sessions.reset();
+  parts_.arSessionCount = 0;
   screen_.reset();
+  screenRecorder_.reset();
   camera_ = std::make_shared<SimulatedCamera>(parts_.options);
-  hostARSession_ = std::make_shared<SimulatedARSession>(parts_.scheduler, parts_.options);
+  hostARSession_ = std::make_shared<SimulatedARSession>(parts_);
 }
 
 /// Of the current session; without one all are false.
@@ -98,13 +109,32 @@ std::optional<bool> SimulatedPlatform::sessionFlag(std::string_view name) const 
   return std::nullopt;
 }
 
+/// Of the current session's AR session; "none" and null without one.
+std::optional<std::string> SimulatedPlatform::arSessionJson(std::string_view name) const {
+  const auto session = parts_.sessions.current();
+  const auto arSession =
+      session ? std::dynamic_pointer_cast<SimulatedARSession>(session->arSession()) : nullptr;
+  if (name == "arSession.tracking")
+    return jsonOf(arSession ? arSession->tracking() : std::optional<DeviceTraits::Tracking>());
+  if (name == "arSession.space") return arSession ? '"' + arSession->space().text() + '"' : "null";
+  if (name == "arSession.initialWorldMap")
+    return arSession && arSession->hasInitialMap() ? "\"map of " + arSession->space().text() + '"' : "null";
+  return std::nullopt;
+}
+
 std::optional<std::string> SimulatedPlatform::stateJson(std::string_view name) {
   if (name == "window.subviews") return jsonOf(screen_.windowSubviews());
   if (name == "view.subviews") return jsonOf(screen_.controllerSubviews());
   if (name == "roomCaptureView.subviews") return jsonOf(screen_.scanViewSubviews());
   if (name == "renderThreads") return std::to_string(parts_.scheduler.renderThreadCount());
   if (name == "device.torch") return camera_->isLit() ? "\"on\"" : "\"off\"";
+  if (name == "screenRecorder.isRecording") return jsonOf(screenRecorder_.isRecording());
+  if (name == "recording.playedEvents") {
+    const auto count = parts_.sessions.playedEvents();
+    return count ? std::to_string(*count) : "null";
+  }
   if (const auto flag = sessionFlag(name)) return jsonOf(*flag);
+  if (auto value = arSessionJson(name)) return value;
   return parts_.notes.find(name);
 }
 

@@ -4,7 +4,6 @@
 #include "platform/simulated/DeviceParts.h"
 #include "platform/simulated/SimulatedARSession.h"
 #include "platform/simulated/SimulatedConsole.h"
-#include "platform/simulated/SimulatedFiles.h"
 #include "platform/simulated/SimulatedMedia.h"
 #include "platform/simulated/SimulatedPhone.h"
 #include "platform/simulated/SimulatedRenderThreads.h"
@@ -24,7 +23,7 @@ class SimulatedPlatform : public Platform {
 
   Console &console() override { return console_; }
   Device &device() override { return phone_; }
-  FileManager &fileManager() override { return files_; }
+  FileManager &fileManager() override { return parts_.files; }
   MainQueue &mainQueue() override { return mainQueue_; }
   RenderThreads &renderThreads() override { return renderThreads_; }
   Presenter &presenter() override { return presenter_; }
@@ -42,7 +41,7 @@ class SimulatedPlatform : public Platform {
 
   DeviceParts &parts() { return parts_; }
   SimulatedConsole &observedConsole() { return console_; }
-  SimulatedFiles &files() { return files_; }
+  SimulatedFiles &files() { return parts_.files; }
   void powerCycle();
   void setFreeRunning(bool value) { isFreeRunningNext_ = value; }
   /// An AR session as the host would have one; what arSession() takes.
@@ -53,11 +52,11 @@ class SimulatedPlatform : public Platform {
  private:
   void resetObjects();
   std::optional<bool> sessionFlag(std::string_view name) const;
+  std::optional<std::string> arSessionJson(std::string_view name) const;
 
   DeviceParts parts_;
   SimulatedConsole console_;
   SimulatedPhone phone_{parts_.options};
-  SimulatedFiles files_{parts_.faults};
   SimulatedMainQueue mainQueue_{parts_.scheduler};
   SimulatedRenderThreads renderThreads_{parts_};
   SimulatedScreen screen_{parts_};

@@ -2,7 +2,6 @@
 
 #include "base/JsonWriter.h"
 #include "platform/PlatformError.h"
-#include "platform/simulated/SimulatedFiles.h"
 #include "rooms/RoomWriter.h"
 #include "rooms/UsdzWriter.h"
 
@@ -81,7 +80,7 @@ std::string_view stemOf(std::string_view path) {
 }  // namespace
 
 std::string SimulatedRoom::jsonText() const {
-  faults_.check("encodeRoom");
+  device_.faults.check("encodeRoom");
   try {
     return writeRoom(*document_);
   } catch (const JsonEncodingError &error) {
@@ -100,15 +99,19 @@ CapturedRoomContent SimulatedRoom::content() const {
 }
 
 void SimulatedRoom::writeUsdz(const std::string &path) const {
-  faults_.check("exportRoom");
+  device_.faults.check("exportRoom");
+  exportUsdz(*document_, path, device_.files);
+}
+
+void exportUsdz(const RoomDocument &room, const std::string &path, SimulatedFiles &files) {
   if (!path.ends_with(kExtension)) throw PlatformError("a room is exported to a .usdz file, not to " + path);
   std::string package;
   try {
-    package = vantorel::writeUsdz(*document_, stemOf(path));
+    package = writeUsdz(room, stemOf(path));
   } catch (const std::exception &error) {
     throw PlatformError(error.what());
   }
-  SimulatedFiles::write(path, package);
+  files.exportFile(path, package);
 }
 
 }  // namespace vantorel

@@ -2,7 +2,9 @@
 
 #include "platform/PlatformError.h"
 #include "platform/simulated/DeviceJson.h"
+#include "platform/simulated/Jpeg.h"
 #include "platform/simulated/SimulatedSession.h"
+#include "platform/simulated/TopView.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,6 +13,8 @@ namespace vantorel {
 namespace {
 
 using Tree = std::shared_ptr<ViewTree>;
+
+constexpr double kPixelsPerPoint = 2;
 
 /// What every view of the device has: its place in the tree.
 struct Placed {
@@ -128,7 +132,15 @@ std::shared_ptr<Window> SimulatedScreen::firstWindow() {
   return std::make_shared<SimulatedWindow>(device_.notes, tree_, window_, std::move(root));
 }
 
-std::string SimulatedScreen::screenshotJpeg() { throw PlatformError("no screenshots yet"); }
+std::string SimulatedScreen::screenshotJpeg() {
+  device_.faults.check("screenshot");
+  if (device_.options.get().window == DeviceTraits::Window::none) throw PlatformError("there is no window");
+  const auto session = device_.sessions.current();
+  const auto room = session ? session->seen() : nullptr;
+  const auto camera = session ? session->arSession()->cameraTransform() : std::nullopt;
+  const auto pixels = [](double points) { return static_cast<int>(points * kPixelsPerPoint); };
+  return jpegOf(topView(room.get(), camera, pixels(bounds().width), pixels(bounds().height)));
+}
 
 InterfaceOrientation SimulatedScreen::orientation() {
   const bool hasWindow = device_.options.get().window != DeviceTraits::Window::none;

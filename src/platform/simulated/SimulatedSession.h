@@ -2,7 +2,7 @@
 
 #include "platform/RoomCaptureSession.h"
 #include "platform/simulated/DeviceParts.h"
-#include "platform/simulated/RoomPlayback.h"
+#include "platform/simulated/Playback.h"
 #include "platform/simulated/SimulatedARSession.h"
 
 #include <memory>
@@ -32,15 +32,18 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   }
 
   bool isRunning() const;
+  /// What the current scan has seen of its room so far; null: nothing.
+  std::shared_ptr<const RoomDocument> seen() const;
   bool hasARDelegate() const { return arSession_->hasDelegate(); }
 
-  // ---- Events, on the delegate thread, whether the session runs or not ----
+  // ---- Events, on the delegate thread, whether the session runs or not; `isSent` as in Playback::Step ----
 
   /// Before it what was added, changed and removed since the last one, as rooms of those elements alone.
-  void deliverUpdate(const std::shared_ptr<const RoomDocument> &room, const Uuid &identifier);
-  void deliverInstruction(Instruction instruction);
+  void deliverUpdate(const std::shared_ptr<const RoomDocument> &room, const Uuid &identifier,
+                     bool isSent = true);
+  void deliverInstruction(Instruction instruction, bool isSent = true);
   /// Also stops the session.
-  void deliverEnd(const std::optional<std::string> &errorDescription);
+  void deliverEnd(const std::optional<std::string> &errorDescription, bool isSent = true);
 
  private:
   SimulatedSession(DeviceParts &device, std::shared_ptr<SimulatedARSession> arSession);
@@ -48,8 +51,14 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   void postStart();
   void postEnd();
   void postSteps();
+  void postStep(std::size_t step, bool isLast);
   void play(Scheduler::Group run, std::size_t step);
   bool interrupt();
+  bool resumes() const;
+  void beginScan();
+  bool deliverStep(const Playback &scan, std::size_t step, bool isCoaching);
+  bool isSentAtOnce();
+  void record(const Playback::Event &event, bool isSent, const Playback::Seen &seen = {});
 
   DeviceParts &device_;
   const std::shared_ptr<SimulatedARSession> arSession_;
@@ -58,10 +67,12 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   mutable std::mutex mutex_;
   bool isRunning_ = false;
   bool isEnding_ = false;   // inside deliverEnd
-  bool canResume_ = false;  // ended by deliverEnd, so that scan_ may go on
+  bool canResume_ = false;  // ended by deliverEnd, so that the scan may go on
   bool isCoaching_ = true;
   Scheduler::Group run_ = 0;  // the pending steps of the current run
-  std::shared_ptr<const RoomPlayback> scan_;
+  std::shared_ptr<const Playback> scan_;
+  SessionRecorder::Run recorded_ = 0;
+  std::optional<std::uint64_t> sentAt_;       // the scheduler's progress at the last event sent in this run
   std::shared_ptr<const RoomDocument> seen_;  // by the last update of this scan
   std::size_t nextStep_ = 0;
   Scheduler::Time elapsed_ = 0;  // of the scan, when it was interrupted
