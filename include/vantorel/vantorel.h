@@ -8,14 +8,14 @@
  *      the C library's free(). An empty text is one NUL byte, never a null pointer.
  *  (3) Booleans are one byte. Only bit 0 counts on the way in, so 2 means false; results are 0 or 1.
  *  (4) Functions run on the thread that calls them: call from the main thread. Only initializeVTL and disposeVTL
- *      do their work later, on the main queue.
+ *      do their work later, on the main queue; a merge, a scan that starts from a world map, and the end of a
+ *      screen recording go on there after the call.
  *  (5) Callbacks are plain function pointers, registered before initializeVTL. Room updates and everything the
- *      host itself asked for arrive on the main thread; instructions arrive on the platform's delegate thread.
+ *      host itself asked for arrive on the main thread; instructions arrive on the platform's delegate thread,
+ *      and the end of a scan that is stopped with a world map on one of its completion threads.
  *  (6) There are no error codes. An operation whose state does not fit does nothing; a failure prints one line to
  *      the console. Only trySaveRoomPlanExperience reports back.
  *  (7) Lengths are metres; matrices are named where they leave the library.
- *  (8) Not in this version: merging, world maps, and the media functions but for the torch. Their functions print
- *      that they are not available and do nothing else; a save with several closed rooms saves the last one.
  *
  * What it does not do: it draws nothing of its own, keeps no settings, reads no environment variable, and never
  * writes into a scan folder that exists.
@@ -96,21 +96,31 @@ VANTOREL_EXPORT void pauseCaptureSessionScanning(void) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void resumeCaptureSessionScanning(void) VANTOREL_NOEXCEPT;
 /** iOS 17. Closes the current room and starts the next one in the same space. */
 VANTOREL_EXPORT void createNewRoomCaptureSession(void) VANTOREL_NOEXCEPT;
-/** Not in this version. iOS 17: starts a session from the world map in the file `path`. */
+/** iOS 17. Starts a session from the world map in the file `path`: the file that a stop wrote, not its folder.
+ * The scan begins, with VTLCaptureSessionDidStart, once the device has found itself in that space, which is
+ * looked for once a second and without an end. Ignored while scanning, but not while an earlier start waits.
+ */
 VANTOREL_EXPORT void startCaptureSessionWithARWorldMap(const char *path) VANTOREL_NOEXCEPT;
-/** Not in this version. iOS 17: stops and writes the world map to `path` + "WorldMap/scan". */
+/** iOS 17. Stops the session; then, on a thread of the platform's, writes the world map to the file `path` +
+ * "WorldMap/scan", removes the view, and calls VTLCaptureSessionDidEnd. `path` is taken as it stands, so it ends
+ * in a slash; the folder "WorldMap" must exist: a map that cannot be written stops the process. Without a map the
+ * scan does not end; stopCaptureSession ends it. */
 VANTOREL_EXPORT void stopCaptureSessionWithARWorldMap(const char *path) VANTOREL_NOEXCEPT;
 
 /* ---- Saving and merging ---- */
 
 /** Saves the last room into documents / directoryName / scanName ("scan.json", "scan.usdz"), unless that folder
- * exists. Without a room "scan.json" holds null and there is no model. */
+ * exists. Without a room "scan.json" holds null and there is no model. With two or more closed rooms (iOS 17)
+ * these and the current one are merged instead, as by mergeScans, and the session stops. */
 VANTOREL_EXPORT void saveRoomPlanExperience(const char *directoryName,
                                             const char *scanName) VANTOREL_NOEXCEPT;
-/** The same; 1 when all that was to be written is, 0 when the folder existed or something failed. */
+/** The same; 1 when all that was to be written is, or when a merge has begun; 0 when the folder existed or
+ * something failed. */
 VANTOREL_EXPORT vantorelBool trySaveRoomPlanExperience(const char *directoryName,
                                                        const char *scanName) VANTOREL_NOEXCEPT;
-/** Not in this version. iOS 17: merges room texts joined by "_|+++++AMBER_WREN+++++|_" and saves them. */
+/** iOS 17. Merges rooms into one structure and writes "scan.json", "scan.usdz" and "scan.plist" into documents /
+ * directoryName / scanName, later and unless that folder exists. `data` is room texts, as VTLRoomSnapshot gives
+ * them, joined by "_|+++++AMBER_WREN+++++|_". There is no callback: look for the last file, "scan.plist". */
 VANTOREL_EXPORT void mergeScans(const char *data, const char *directoryName,
                                 const char *scanName) VANTOREL_NOEXCEPT;
 
@@ -118,21 +128,32 @@ VANTOREL_EXPORT void mergeScans(const char *data, const char *directoryName,
 
 /** Silent without a torch, or when the camera refuses. */
 VANTOREL_EXPORT void setFlashlightStatus(vantorelBool value) VANTOREL_NOEXCEPT;
-/* From here to the queries: not in this version, but for the flags, which are stored. */
+/* What follows is told in full in docs/media.md. Paths are absolute, or file URLs. Nothing is shown for a path where
+ * nothing is. Something shown while something else is waits until that is closed. */
+/** Shows a file in the 3D preview. */
 VANTOREL_EXPORT void vtl_QuickLook(const char *path) VANTOREL_NOEXCEPT;
+/** Both: the share sheet with that file or folder. */
 VANTOREL_EXPORT void vtl_shareFolder(const char *path) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void vtl_shareFile(const char *path) VANTOREL_NOEXCEPT;
+/** Writes a JPEG of the screen into the documents folder, as the first free "screenshot-N.jpg". */
 VANTOREL_EXPORT void screenshotVTL(void) VANTOREL_NOEXCEPT;
+/** Share each screenshot when it is taken. Default false. */
 VANTOREL_EXPORT void isNativeScreenshot(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Show each screenshot when it is taken, before it is shared. Default false. */
 VANTOREL_EXPORT void isNativeScreenshotPreview(vantorelBool value) VANTOREL_NOEXCEPT;
 /** The last screenshot's path, empty before the first. */
 VANTOREL_EXPORT char *getVTLNativeScreenshotOutputURL(void) VANTOREL_NOEXCEPT;
+/** The share sheet with the last screenshot. */
 VANTOREL_EXPORT void screenshotShareVTL(void) VANTOREL_NOEXCEPT;
+/** Films the screen, once the person agrees. */
 VANTOREL_EXPORT void startScreenRecorderVTL(void) VANTOREL_NOEXCEPT;
+/** Writes the film into the temporary folder, as the first free "recording-N.mp4", later. */
 VANTOREL_EXPORT void stopScreenRecorderVTL(void) VANTOREL_NOEXCEPT;
+/** Share each film when it is written. Default false. */
 VANTOREL_EXPORT void isNativeScreenRecorder(vantorelBool value) VANTOREL_NOEXCEPT;
+/** Show each film when it is written, before it is shared. Default false. */
 VANTOREL_EXPORT void isNativeScreenRecorderPreview(vantorelBool value) VANTOREL_NOEXCEPT;
-/** The last recording's path, empty before the first. */
+/** The last film's path, empty before the first; set on the main queue once the file is there. */
 VANTOREL_EXPORT char *getVTLNativeScreenRecorderOutputURL(void) VANTOREL_NOEXCEPT;
 
 /* ---- Queries ---- */

@@ -38,6 +38,10 @@ void VTLViewController::getARCameraProjectionMatrixArray() {
 void VTLViewController::SaveExperience() { TrySaveExperience(); }
 
 bool VTLViewController::TrySaveExperience() {
+  if (capturedRoomsData.size() > 1 && platform_.device().isSystemAtLeast(17)) {
+    MergeScansInCapturedRoomSession();
+    return true;
+  }
   return saveScan(platform_, directoryName, scanName, finalResults.get());
 }
 
@@ -46,30 +50,5 @@ bool VTLViewController::TrySaveExperience() {
 void VTLViewController::SetFlashlightStatus(bool status) {
   if (setTorch(platform_, status)) isTorchEnabled = status;
 }
-
-// ---- Operations of which this version has only the entry point ----
-
-void VTLViewController::notYetAvailable(std::string_view operation) {
-  platform_.console().print(std::string(operation) + " is not available in this version.");
-}
-
-void VTLViewController::MergeScans(const std::string &, const std::string &, const std::string &) {
-  notYetAvailable("mergeScans");
-}
-void VTLViewController::startCaptureSessionWithARWorldMap(const std::string &) {
-  if (!isScanning && requireIOS17()) notYetAvailable("startCaptureSessionWithARWorldMap");
-}
-void VTLViewController::stopCaptureSessionWithARWorldMap(const std::string &) {
-  if (isScanning && requireIOS17()) notYetAvailable("stopCaptureSessionWithARWorldMap");
-}
-void VTLViewController::QuickLook(const std::string &) { notYetAvailable("vtl_QuickLook"); }
-void VTLViewController::ShareText(const std::string &) { notYetAvailable("shareText"); }
-void VTLViewController::ShareLink(const std::string &) { notYetAvailable("shareLink"); }
-void VTLViewController::ShareFolder(const std::string &) { notYetAvailable("vtl_shareFolder"); }
-void VTLViewController::ShareFile(const std::string &) { notYetAvailable("vtl_shareFile"); }
-void VTLViewController::Screenshot() { notYetAvailable("screenshotVTL"); }
-void VTLViewController::ScreenshotShare() { notYetAvailable("screenshotShareVTL"); }
-void VTLViewController::startScreenRecorder() { notYetAvailable("startScreenRecorderVTL"); }
-void VTLViewController::stopScreenRecorder() { notYetAvailable("stopScreenRecorderVTL"); }
 
 }  // namespace vantorel

@@ -65,6 +65,8 @@ class VTLViewController final : public ControllerState,
   void forceReloadCaptureSession();
   void addCapturedRoomToArray();
   void dispose();
+  /// Runs the session that createCaptureSession built, and tells the host.
+  void beginScanning();
 
   /// The capture session; the first read creates one. Only the main thread can find none.
   std::shared_ptr<RoomCaptureSession> session();
@@ -95,10 +97,15 @@ class VTLViewController final : public ControllerState,
   // ---- Saving, merging, world maps ----
 
   void SaveExperience();
-  /// True when every step was done.
+  /// True when every step was done. With more rooms than one (iOS 17) a merge begins instead: true at once.
   bool TrySaveExperience();
-  void MergeScans(const std::string &data, const std::string &directoryName, const std::string &scanName);
+  /// `data` is room texts, joined by kRoomSeparator. Files are all that comes of it.
+  void MergeScans(const std::string &data, const std::string &directory, const std::string &scan);
+  /// Merges the rooms of this session, the current one included.
+  void MergeScansInCapturedRoomSession();
+  /// `path` is the map's file. The scan begins once the session has found itself in the map's space.
   void startCaptureSessionWithARWorldMap(const std::string &path);
+  /// Writes the map to `path` + "WorldMap/scan", later, and then ends the scan.
   void stopCaptureSessionWithARWorldMap(const std::string &path);
 
   // ---- Media, sharing, torch ----
@@ -121,11 +128,13 @@ class VTLViewController final : public ControllerState,
   void runSession();
   void removeScanningView();
   void closeRoom(bool pauseARSession);
+  void endWithWorldMap(const std::string &path, const WorldMap *map);
   bool requireIOS17();
   void startRenderThread();
   static void runOnBackgroundThread(Platform &platform, DisplayLink &link);
   void handleUpdate(const std::shared_ptr<CapturedRoom> &room);
-  void notYetAvailable(std::string_view operation);
+  void shareWords(Presentation kind, const std::string &text);
+  void screenRecorderDidWrite(const std::string &path);
 
   Platform &platform_;
   const CallbackRegistry &callbacks_;

@@ -82,6 +82,10 @@ void VTLViewController::removeScanningView() {
 
 void VTLViewController::startCaptureSession() {
   createCaptureSession();
+  beginScanning();
+}
+
+void VTLViewController::beginScanning() {
   runSession();
   isRoomPlanSessionScanningPaused = false;
   isScanning = true;
