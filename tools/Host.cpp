@@ -67,8 +67,10 @@ bool Host::runLine(std::istream &script, std::size_t number) {
     if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     const Words words = splitWords(line);
     if (words.empty()) return;
+    const bool setsRecording = words.size() > 1 && words[0] == "device" && words[1] == "recording";
+    if (setsRecording) expectPlayed();  // the one before
     runNamed(words);
-    if (words[0] == "device" && words[1] == "recording") recordingLine_ = number;
+    if (setsRecording) recordingLine_ = number;
   });
 }
 

@@ -147,7 +147,7 @@ VANTOREL_EXPORT char *getVTLNativeScreenshotOutputURL(void) VANTOREL_NOEXCEPT;
 VANTOREL_EXPORT void screenshotShareVTL(void) VANTOREL_NOEXCEPT;
 /** Films the screen, once the person agrees. */
 VANTOREL_EXPORT void startScreenRecorderVTL(void) VANTOREL_NOEXCEPT;
-/** Writes the film into the temporary folder, as the first free "recording-N.mp4", later. */
+/** Writes the film into the temporary folder, as "vantorel-recording-N.mp4", later. */
 VANTOREL_EXPORT void stopScreenRecorderVTL(void) VANTOREL_NOEXCEPT;
 /** Share each film when it is written. Default false. */
 VANTOREL_EXPORT void isNativeScreenRecorder(vantorelBool value) VANTOREL_NOEXCEPT;

@@ -17,8 +17,8 @@
 namespace vantorel {
 
 /// The controller's stored properties in their order, with their defaults. Nothing resets them after
-/// construction but the operations that say so. Members that the platform's threads touch, or will with world
-/// maps, are atomic or guarded; all others belong to the main thread.
+/// construction but the operations that say so. Members that the platform's threads touch are atomic or
+/// guarded; all others belong to the main thread.
 struct ControllerState {
   std::atomic<bool> isScanning{false};
   bool isPresent = false;

@@ -2,6 +2,7 @@
 
 #include "platform/MainQueue.h"
 
+#include <cassert>
 #include <coroutine>
 #include <exception>
 #include <functional>
@@ -15,7 +16,10 @@ namespace vantorel {
 class Continuation {
  public:
   explicit Continuation(std::coroutine_handle<> job) : held_(std::make_shared<Held>(job)) {}
-  void operator()() const { std::exchange(held_->job, nullptr).resume(); }
+  void operator()() const {
+    assert(held_->job && "resumed twice");
+    std::exchange(held_->job, nullptr).resume();
+  }
 
  private:
   struct Held {

@@ -139,6 +139,7 @@ class VTLViewController final : public ControllerState,
   Platform &platform_;
   const CallbackRegistry &callbacks_;
   std::shared_ptr<ViewController> viewController_;
+  int screenRecordings_ = 0;  // that were to be written
 };
 
 }  // namespace vantorel

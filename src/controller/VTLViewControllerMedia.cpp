@@ -60,7 +60,7 @@ void VTLViewController::ScreenshotShare() {
 void VTLViewController::startScreenRecorder() { startScreenRecording(platform_); }
 
 void VTLViewController::stopScreenRecorder() {
-  stopScreenRecording(platform_, [weak = weak_from_this()](const std::string &path) {
+  stopScreenRecording(platform_, ++screenRecordings_, [weak = weak_from_this()](const std::string &path) {
     if (const auto self = weak.lock()) self->screenRecorderDidWrite(path);
   });
 }

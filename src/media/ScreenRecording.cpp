@@ -1,6 +1,5 @@
 #include "media/ScreenRecording.h"
 
-#include "media/FreePath.h"
 #include "media/MediaLines.h"
 #include "platform/PlatformError.h"
 
@@ -14,10 +13,12 @@ void startScreenRecording(Platform &platform) {
   });
 }
 
-void stopScreenRecording(Platform &platform, std::function<void(const std::string &path)> done) {
+void stopScreenRecording(Platform &platform, int number, std::function<void(const std::string &path)> done) {
   FileManager &files = platform.fileManager();
   try {
-    const std::string path = freePath(files, files.temporaryDirectory(), "recording", "mp4");
+    const std::string path =
+        files.temporaryDirectory() + "/vantorel-recording-" + std::to_string(number) + ".mp4";
+    if (files.fileExists(path)) files.removeItem(path);  // of an earlier process: recorders replace nothing
     platform.screenRecorder().stop(
         path, [&platform, path, done = std::move(done)](const std::optional<std::string> &error) {
           if (error) {

@@ -16,7 +16,7 @@ class MediaTest : public DeviceTest {
   ~MediaTest() override { unsetenv("TMPDIR"); }
 
   std::string recording(int number) const {
-    return temporary_.path() + "/recording-" + std::to_string(number) + ".mp4";
+    return temporary_.path() + "/vantorel-recording-" + std::to_string(number) + ".mp4";
   }
   std::string screenshot(int number) const { return file("screenshot-" + std::to_string(number) + ".jpg"); }
 
@@ -186,9 +186,9 @@ TEST_F(ScreenRecordings, AreWrittenToTheTemporaryFolder) {
   EXPECT_EQ(state("screenRecorder.isRecording"), "false");
   EXPECT_EQ(taken(getVTLNativeScreenRecorderOutputURL()), "") << "it comes with the main queue";
   advance();
-  EXPECT_EQ(taken(getVTLNativeScreenRecorderOutputURL()), recording(2));
+  EXPECT_EQ(taken(getVTLNativeScreenRecorderOutputURL()), recording(1));
   EXPECT_EQ(heard(), Lines());
-  EXPECT_EQ(readFile(recording(2)),
+  EXPECT_EQ(readFile(recording(1)),
             "This is not a video. The simulated device made it in place of a screen recording\n"
             "from 1500 ms to 4000 ms of its clock.\n");
 }

@@ -104,6 +104,7 @@ TEST_F(RecordingReplay, OfNothingIsAnError) {
   EXPECT_FALSE(unplayed.isGood);
   EXPECT_NE(unplayed.events.find("line 2: no event of the recording was played"), std::string::npos);
   EXPECT_TRUE(play(load + kOpening + "startCaptureSession\nadvance 1", false).isGood);
+  EXPECT_FALSE(play(load + load + kOpening + "startCaptureSession\nadvance 1", false).isGood);
   const std::string count = "\nstate recording.playedEvents\n";
   EXPECT_NE(play(count, false).events.find("\"value\":null"), std::string::npos);
   EXPECT_NE(play(load + kOpening + "startCaptureSession\nsettle" + count, false).events.find("\"value\":1"),

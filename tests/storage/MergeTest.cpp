@@ -1,5 +1,7 @@
+#include "platform/simulated/SimulatedPlatform.h"
 #include "rooms/RoomWriter.h"
 #include "support/DeviceTest.h"
+#include "support/MemoryFiles.h"
 
 namespace vantorel::testing {
 namespace {
@@ -149,12 +151,9 @@ TEST_F(Merge, EndsAtTheStepThatFailsAndSaysSo) {
     const char *call;
     Lines files;
   } table[] = {
-      {"buildStructure", {}},
-      {"documentsDirectory", {}},
-      {"createDirectory", {}},
-      {"encodeStructure", {"a/", "a/b/"}},
-      {"writeFile", {"a/", "a/b/"}},
-      {"exportStructure", {"a/", "a/b/", "a/b/scan.json"}},
+      {"buildStructure", {}},        {"documentsDirectory", {}},
+      {"createDirectory", {}},       {"encodeStructure", {"a/", "a/b/"}},
+      {"writeFile", {"a/", "a/b/"}}, {"exportStructure", {"a/", "a/b/", "a/b/scan.json"}},
   };
   for (const auto &row : table) {
     SCOPED_TRACE(row.call);
@@ -172,6 +171,36 @@ TEST_F(Merge, EndsAtTheStepThatFailsAndSaysSo) {
   advance(5);
   EXPECT_EQ(heard().back(), "main console Merging Error.");
   EXPECT_EQ(files().back(), "a/b/scan.json");
+}
+
+/// A disk on which there is no room for one file.
+class FullDisk : public MemoryFiles {
+ public:
+  explicit FullDisk(std::string name) : name_(std::move(name)) {}
+  void write(const std::string &path, std::string_view bytes) override {
+    if (path.ends_with(name_)) throw PlatformError("no space left for " + path);
+    MemoryFiles::write(path, bytes);
+  }
+
+ private:
+  std::string name_;
+};
+
+TEST_F(Merge, LeavesWhatWasWrittenBeforeTheDiskWasFull) {
+  SimulatedFiles &device = simulatedPlatform().files();
+  Lines written = {"a/", "a/b/"};
+  for (const char *name : {"scan.json", "scan.usdz", "scan.plist"}) {
+    const auto disk = std::make_shared<FullDisk>(name);
+    device.setStore(disk);
+    device.setDocumentsDirectory("/documents");
+    mergeScans(one_.c_str(), "a", "b");
+    advance(5);
+    EXPECT_EQ(heard(), (Lines{identifierLine(walledRoom(1)), "main console Merging Error."})) << name;
+    EXPECT_EQ(disk->list("/documents"), written) << name;
+    written.push_back(std::string("a/b/") + name);
+  }
+  device.setStore(std::make_shared<DiskFiles>());
+  device.setDocumentsDirectory(file(""));
 }
 
 TEST_F(Merge, EndsWithThePower) {

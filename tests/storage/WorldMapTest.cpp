@@ -36,7 +36,8 @@ TEST_F(WorldMap, IsWrittenAfterTheScanAndThenTheScanEnds) {
     EXPECT_EQ(heard(), Lines{"completion VTLCaptureSessionDidEnd"});
     EXPECT_EQ(phase(), "idle");
     EXPECT_EQ(state("view.subviews"), "[]");
-    EXPECT_EQ(files(), (Lines{"maps/", "maps/WorldMap/", "maps/WorldMap/scan"})) << "the older one is replaced";
+    EXPECT_EQ(files(), (Lines{"maps/", "maps/WorldMap/", "maps/WorldMap/scan"}))
+        << "the older one is replaced";
   }
 }
 
@@ -139,14 +140,13 @@ TEST_F(WorldMap, ScanningAndTheSystemAreAskedFirst) {
   EXPECT_EQ(heard(), Lines{kNeedsIOS17Line});
 }
 
-// Two threads write while the host scans: the flags and views that an end touches.
-TEST_F(WorldMap, EndsBesideWhatTheHostDoes) {
+TEST_F(WorldMap, EndsTheScanThatRunsThen) {
   start();
   std::filesystem::create_directories(file("maps/WorldMap"));
   stopCaptureSessionWithARWorldMap(file("maps/").c_str());
   startCaptureSession();
   advance(0.5);
-  EXPECT_EQ(phase(), "idle running") << "the second session has lost its flag to the end of the first";
+  EXPECT_EQ(phase(), "idle running") << "the second scan has lost its flag to the end of the first";
 }
 
 class WorldMapDeath : public WorldMap {

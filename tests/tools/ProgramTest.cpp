@@ -68,5 +68,29 @@ TEST_F(Program, RemovesItsTemporaryDocuments) {
   EXPECT_TRUE(fs::is_empty(temporary()));
 }
 
+TEST_F(Program, GoesOnInANewProcessWhereAWorldMapLeftOff) {
+  const std::string commands = "initializeVTL\nadvance 0\ntrySaveRoomPlanExperience maps WorldMap\n";
+  writeFile(out() + ".stop", commands + "device room '" + sample() + "' 2\nstartCaptureSession\nsettle\n" +
+                                 "stopCaptureSessionWithARWorldMap '" + out() + "/maps/'\nsettle\n");
+  EXPECT_EQ(run("host " + out() + ".stop --out " + out()), 0) << said;
+  writeFile(out() + ".start", commands + "startCaptureSessionWithARWorldMap '" + out() +
+                                  "/maps/WorldMap/scan'\nadvance 1\nstate isScanning\nadvance 1\n" +
+                                  "device update '" + sample() + "'\nadvance 0\nstate arSession.space\n" +
+                                  "saveRoomPlanExperience scans resumed\n");
+  EXPECT_EQ(run("host " + out() + ".start --json --out " + out()), 0) << said;
+  EXPECT_NE(said.find(R"("name":"isScanning","value":false)"), std::string::npos) << said;
+  EXPECT_NE(said.find(R"("value":"Worker task ending")"), std::string::npos) << said;
+  EXPECT_EQ(readFile(out() + "/scans/resumed/scan.json"), readFile(sample()));
+
+  fs::remove_all(out() + "/maps");
+  EXPECT_EQ(run("host " + out() + ".start --json --out " + out()), 1) << "there is no session to update";
+  EXPECT_NE(said.find("AR World Map Data loading error."), std::string::npos) << said;
+  writeFile(out() + ".fatal",
+            "startCaptureSession\nadvance 0\nstopCaptureSessionWithARWorldMap /nowhere/\nsettle\n");
+  EXPECT_NE(run("host " + out() + ".fatal"), 0);
+  EXPECT_NE(said.find("Can't write to url"), std::string::npos) << said;
+  EXPECT_TRUE(fs::is_empty(temporary())) << "an abort leaves its temporary documents";
+}
+
 }  // namespace
 }  // namespace vantorel::testing

@@ -25,7 +25,6 @@ class Faults {
     std::uint32_t skip = 0, count = 0;
   };
 
-  // Calls that the library does not make yet can be named too: they have nothing to hit.
   static constexpr std::array kCalls = {
       std::string_view("documentsDirectory"),
       std::string_view("createDirectory"),

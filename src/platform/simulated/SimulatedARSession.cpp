@@ -100,6 +100,11 @@ Uuid SimulatedARSession::space() const {
   return space_.identifier;
 }
 
+Float4x4 SimulatedARSession::restingPose() const {
+  const std::lock_guard lock(mutex_);
+  return space_.camera;
+}
+
 bool SimulatedARSession::hasInitialMap() const {
   const std::lock_guard lock(mutex_);
   return hasInitialMap_;

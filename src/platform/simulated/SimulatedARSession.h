@@ -36,6 +36,8 @@ class SimulatedARSession : public ARSession, public std::enable_shared_from_this
   /// Whether the last run was from a map.
   bool hasInitialMap() const;
 
+  /// Where the camera stands without a walk: at the origin, or where its world map left off.
+  Float4x4 restingPose() const;
   /// From now on the camera walks as in `scan`, `elapsed` after its beginning; null: it stays where the map left
   /// off, at the origin without one.
   void beginWalk(std::shared_ptr<const Playback> scan, Scheduler::Time elapsed);

@@ -18,7 +18,9 @@ namespace {
 struct ThreadsEnd {
   SimulatedPlatform &platform;
   ~ThreadsEnd() {
-    if (!Scheduler::isInsideWork()) platform.parts().scheduler.shutDown();  // else exit() was called there
+    if (Scheduler::isInsideWork()) return;  // exit() was called there
+    platform.observedConsole().setMuted(true);
+    platform.parts().scheduler.shutDown();
   }
 };
 

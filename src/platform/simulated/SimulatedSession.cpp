@@ -69,7 +69,7 @@ void SimulatedSession::beginScan() {
   elapsed_ = 0;
   seen_ = nullptr;
   sentAt_.reset();
-  recorded_ = device_.recorder.begin(scan_ ? std::optional(scan_->cameraAt(0)) : std::nullopt);
+  recorded_ = device_.recorder.begin(scan_ ? scan_->cameraAt(0) : arSession_->restingPose());
 }
 
 void SimulatedSession::stop(bool) {
