@@ -68,6 +68,8 @@ std::string ReadablePrinter::line(const Event &event) const {
   if (event.name) line += bare(jsonString(*event.name)) + ' ';
   if (event.name == "VTLRoomSnapshot") {
     line += snapshotText(event.value);
+  } else if (event.kind == "error") {
+    line += event.value.content;
   } else if (event.kind != "callback" || !event.value.isJson) {
     line += shortened(event.value);
   }

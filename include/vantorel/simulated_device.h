@@ -6,7 +6,8 @@
  *  (1) Everything here is called from the host's main thread, never from a callback, except vantorelDeviceThread
  *      and vantorelDeviceTime.
  *  (2) A `char *` result is null when all went well, else a message for the developer, which the host frees with
- *      free(). A refused call changes nothing. A null text counts as an empty one, except where null has a meaning. What vantorelDeviceState returns is freed the same way.
+ *      free(). A refused call changes nothing. A null text counts as an empty one, except where null has a
+ *      meaning. What vantorelDeviceState returns is freed the same way.
  *  (3) Time is virtual. It stands still until vantorelDeviceAdvance or vantorelDeviceSettle moves it; queued work
  *      runs nowhere else. Times are seconds since the power cycle.
  *  (4) None of these functions exists on an iPhone.
@@ -49,7 +50,8 @@ VANTOREL_EXPORT void vantorelDeviceSetHandoverSleep(uint32_t microseconds, uint3
 /* ---- What comes out beside the callbacks ---- */
 
 /** `kind` is "console" (name null, value the line) or "present": something is shown over the host's view (name
- * "share", "preview", "screenshot" or "recording", value the path or the text). The texts are valid during the call only. Called on the thread where it happens. */
+ * "share", "preview", "screenshot" or "recording", value the path or the text). The texts are valid during the
+ * call only. Called on the thread where it happens. */
 typedef void (*vantorelDeviceObserver)(const char *kind, const char *name, const char *value);
 
 /** Null: console lines go to standard output, and nothing tells what is shown (default). */
@@ -97,8 +99,9 @@ VANTOREL_EXPORT char *vantorelDeviceSetRoom(const char *path, double seconds, do
 /** The next runs of a session play the runs of the recording in this file, in turn. docs/recordings.md. */
 VANTOREL_EXPORT char *vantorelDeviceSetRecording(const char *path) VANTOREL_NOEXCEPT;
 
-/** Records what sessions deliver in all runs that begin from now on; the file is made anew. Null ends the
- * recording and answers with a message when not all of it could be written. Goes on through a power cycle. */
+/** Records what sessions deliver in all runs that begin from now on; the file has its name once the recording
+ * ends. Null ends the recording and answers with a message when not all of it could be written. Goes on
+ * through a power cycle. */
 VANTOREL_EXPORT char *vantorelDeviceRecord(const char *path) VANTOREL_NOEXCEPT;
 
 /** These three happen at once on the delegate thread, before the call returns (in the free-running mode they

@@ -111,7 +111,8 @@ VANTOREL_EXPORT void stopCaptureSessionWithARWorldMap(const char *path) VANTOREL
 
 /** Saves the last room into documents / directoryName / scanName ("scan.json", "scan.usdz"), unless that folder
  * exists. Without a room "scan.json" holds null and there is no model. With two or more closed rooms (iOS 17)
- * these and the current one are merged instead, as by mergeScans, and the session stops. */
+ * these and the current one are merged instead, as by mergeScans, and the session stops; wait for "scan.plist"
+ * before stopCaptureSession, which forgets the closed rooms. */
 VANTOREL_EXPORT void saveRoomPlanExperience(const char *directoryName,
                                             const char *scanName) VANTOREL_NOEXCEPT;
 /** The same; 1 when all that was to be written is, or when a merge has begun; 0 when the folder existed or

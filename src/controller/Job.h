@@ -12,7 +12,7 @@
 namespace vantorel {
 
 /// The right to resume a suspended job, once. When its last copy is dropped unused, the job is destroyed where
-/// it stands.
+/// it stands, on the thread that drops it, with all it owns.
 class Continuation {
  public:
   explicit Continuation(std::coroutine_handle<> job) : held_(std::make_shared<Held>(job)) {}
@@ -63,7 +63,7 @@ struct Job {
   };
 };
 
-/// What a job waits for: `ask` gets a function to be called once, on any thread, with the answer.
+/// What a job waits for, as a variable of its own: GCC 12 mishandles temporaries in a co_await. `ask` gets a function to be called once, on any thread, with the answer.
 template <typename T>
 class Answer {
  public:

@@ -14,11 +14,9 @@ void startScreenRecording(Platform &platform) {
 }
 
 void stopScreenRecording(Platform &platform, int number, std::function<void(const std::string &path)> done) {
-  FileManager &files = platform.fileManager();
   try {
-    const std::string path =
-        files.temporaryDirectory() + "/vantorel-recording-" + std::to_string(number) + ".mp4";
-    if (files.fileExists(path)) files.removeItem(path);  // of an earlier process: recorders replace nothing
+    const std::string path = platform.fileManager().temporaryDirectory() + "/vantorel-recording-" +
+                             std::to_string(number) + ".mp4";
     platform.screenRecorder().stop(
         path, [&platform, path, done = std::move(done)](const std::optional<std::string> &error) {
           if (error) {

@@ -15,7 +15,8 @@ class ScreenRecorder {
   virtual ~ScreenRecorder() = default;
   /// Fails while a recording runs, and when the person declines.
   virtual void start(Completion completion) = 0;
-  /// Ends the recording and writes it to a file ending in ".mp4". Fails when none runs.
+  /// Ends the recording and writes it to a file ending in ".mp4", in place of one that is there. Fails when none
+  /// runs.
   virtual void stop(const std::string &path, Completion completion) = 0;
 };
 

@@ -53,8 +53,7 @@ Box boxOf(const Float4x4 &transform, Float3 dimensions) {
 }
 
 bool coincide(const Rectangle &surface, const Rectangle &other, double leastOverlap) {
-  if (!areAligned(surface.x, other.x) || !areAligned(surface.y, other.y) || !areAligned(surface.z, other.z))
-    return false;
+  if (!areAligned(surface.x, other.x) || !areAligned(surface.z, other.z)) return false;
   const Vector way{other.center[0] - surface.center[0], other.center[1] - surface.center[1],
                    other.center[2] - surface.center[2]};
   const double ahead = dot(way, surface.z);

@@ -28,7 +28,7 @@ Box boxOf(const Float4x4 &transform, Float3 dimensions);
 inline constexpr double kCoincidenceReach = 0.30;
 
 /// Whether two surfaces of different rooms are the same thing. `other` is not larger than `surface`.
-/// - Their x, y and z axes are within 10 degrees of each other's lines.
+/// - Their x and z axes are within 10 degrees of each other's lines, and so their y axes within 15.
 /// - Facing the same way: the middle of `other` is at most 0.10 m off the plane of `surface`.
 ///   Back to back: it is at most 0.30 m behind that plane, or 0.10 m before it. So the two sides of a dividing
 ///   wall are one, and the two walls of a corridor, which face each other, are not.

@@ -72,10 +72,11 @@ void writeOwnPart(Plist &plist, const StructureDocument &structure) {
     plist.uuid(kept);
   }
   plist.end("dict");
+  const std::vector<Uuid> rooms = roomsOf(structure);
   plist.key("rooms");
-  writeUuids(plist, roomsOf(structure));
+  writeUuids(plist, rooms);
   plist.key("structure");
-  plist.uuid(identifierOf(structure));
+  plist.uuid(structureIdentifier(rooms));
   plist.end("dict");
 }
 

@@ -16,7 +16,7 @@ std::string writeRoom(const RoomDocument &room, JsonStyle style = JsonStyle::pre
 /// The structure likewise: its elements, and under "rooms" all its rooms as they went in, with what they have.
 std::string writeStructure(const StructureDocument &structure);
 
-/// A room as writeRoom has it without coreModel, compact: what identifierOf looks at, and all values when there is no coreModel.
+/// A room as writeRoom has it, without coreModel and compact: what identifierOf looks at.
 std::string writeVisibleValues(const RoomDocument &room);
 
 }  // namespace vantorel

@@ -35,7 +35,7 @@ class Selection {
         leastOverlap_(leastOverlap),
         kept_(boxesOf(candidates)),
         numbers_(identifierNumbers(candidates)),
-        firstOfNumber_(candidates.size(), kNone) {}
+        keptOfNumber_(candidates.size(), kNone) {}
 
   std::vector<std::size_t> decide();
 
@@ -50,7 +50,7 @@ class Selection {
   double leastOverlap_;
   BoxTree kept_;                            // those with a rectangle
   const std::vector<std::size_t> numbers_;  // of the identifiers
-  std::vector<std::size_t> firstOfNumber_;  // that was kept; all others are of its room
+  std::vector<std::size_t> keptOfNumber_;   // one of them; all others are of its room
 };
 
 /// Of equally large ones the earlier counts as larger.
@@ -68,15 +68,14 @@ std::vector<std::size_t> Selection::decide() {
   for (const auto &[size, item] : order) {
     standIns[item] = standInFor(item);
     if (standIns[item] != item) continue;
-    std::size_t &first = firstOfNumber_[numbers_[item]];
-    if (first == kNone) first = item;
+    keptOfNumber_[numbers_[item]] = item;
     if (candidates_[item].rectangle) kept_.insert(item);
   }
   return standIns;
 }
 
 std::size_t Selection::standInFor(std::size_t item) {
-  const std::size_t same = firstOfNumber_[numbers_[item]];
+  const std::size_t same = keptOfNumber_[numbers_[item]];
   if (same != kNone && candidates_[same].room != candidates_[item].room) return same;
   return candidates_[item].rectangle ? coincidingWith(item) : item;
 }

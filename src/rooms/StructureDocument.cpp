@@ -1,14 +1,12 @@
 #include "rooms/StructureDocument.h"
 
 #include "rooms/ContentHash.h"
-#include "rooms/RoomWriter.h"
 
 namespace vantorel {
 
-Uuid identifierOf(const StructureDocument &structure) {
+Uuid structureIdentifier(const std::vector<Uuid> &rooms) {
   ContentHash hash;
-  hash.add("structure");  // one room's structure is not that room
-  for (const auto &room : structure.rooms) hash.add(writeVisibleValues(*room));
+  for (const Uuid &room : rooms) hash.add(room.text());
   return hash.uuid();
 }
 

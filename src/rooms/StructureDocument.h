@@ -19,8 +19,8 @@ struct StructureDocument {
   std::map<Uuid, Uuid> keptFor;
 };
 
-/// Derived from the visible values of the rooms in their order (a version 8 UUID): equal rooms, equal
-/// identifier, on every machine. Throws JsonEncodingError for a NaN or infinite number.
-Uuid identifierOf(const StructureDocument &structure);
+/// The identifier of a structure, derived from those of its rooms (identifierOf) in their order: a version 8
+/// UUID, on every machine the same.
+Uuid structureIdentifier(const std::vector<Uuid> &rooms);
 
 }  // namespace vantorel

@@ -97,13 +97,6 @@ TEST_F(Export, AnswersWhatTheDeviceSupports) {
   }
 }
 
-TEST_F(Export, MergesNothingBeforeIOS17) {
-  option("ios", "16.9");
-  mergeScans("{}", "a", "b");
-  EXPECT_EQ(heard(), Lines{kNeedsIOS17Line});
-  EXPECT_EQ(files(), Lines());
-}
-
 TEST_F(Export, SkipsEmptySlotsSilently) {
   vantorelDevicePowerCycle();  // all slots are empty now
   initialize();

@@ -3,6 +3,7 @@
 #include "support/DeviceTest.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <regex>
 #include <turbojpeg.h>
 
@@ -92,40 +93,36 @@ TEST_F(Sharing, UnderstandsFileUrls) {
 
 // ---- Screenshots ----
 
-TEST_F(Screenshots, AreNumberedPicturesInTheDocumentsFolder) {
+TEST_F(Screenshots, AreNumberedPicturesOfTheMomentInTheDocumentsFolder) {
   initialize();
-  start();
-  update(walledRoom(3));
   writeFile(screenshot(2), "somebody's");
   screenshotVTL();
   EXPECT_EQ(taken(getVTLNativeScreenshotOutputURL()), screenshot(1));
+  start();
   screenshotVTL();
   EXPECT_EQ(taken(getVTLNativeScreenshotOutputURL()), screenshot(3));
   EXPECT_EQ(state("nativeScreenshotActivityItems"), '[' + quoted(screenshot(3)) + ']');
-  EXPECT_EQ(files(), (Lines{"screenshot-1.jpg", "screenshot-2.jpg", "screenshot-3.jpg"}));
-  EXPECT_EQ(readFile(screenshot(2)), "somebody's");
-
-  const std::string jpeg = readFile(screenshot(3));
-  auto *bytes = reinterpret_cast<const unsigned char *>(jpeg.data());
-  const tjhandle decoder = tjInitDecompress();
-  int width = 0, height = 0, subsampling = 0, colours = 0;
-  ASSERT_EQ(tjDecompressHeader3(decoder, bytes, jpeg.size(), &width, &height, &subsampling, &colours), 0);
-  EXPECT_EQ(width, 780);
-  EXPECT_EQ(height, 1688);
-  std::vector<unsigned char> pixels(3U * 780 * 1688);
-  EXPECT_EQ(tjDecompress2(decoder, bytes, jpeg.size(), pixels.data(), 0, 0, 0, TJPF_RGB, 0), 0);
-  tjDestroy(decoder);
-}
-
-TEST_F(Screenshots, ShowTheRoomOfTheMoment) {
-  initialize();
-  screenshotVTL();
-  start();
-  screenshotVTL();
   update(walledRoom(3));
   screenshotVTL();
-  EXPECT_NE(readFile(screenshot(1)), readFile(screenshot(2))) << "the camera";
-  EXPECT_NE(readFile(screenshot(2)), readFile(screenshot(3))) << "the room";
+  stopCaptureSession();
+  start();
+  screenshotVTL();
+  EXPECT_EQ(files(), (Lines{"screenshot-1.jpg", "screenshot-2.jpg", "screenshot-3.jpg", "screenshot-4.jpg",
+                            "screenshot-5.jpg"}));
+  EXPECT_EQ(readFile(screenshot(2)), "somebody's");
+
+  const std::string empty = readFile(screenshot(3)), jpeg = readFile(screenshot(4));
+  EXPECT_NE(readFile(screenshot(1)), empty) << "the camera";
+  EXPECT_NE(jpeg, empty) << "the room";
+  EXPECT_EQ(readFile(screenshot(5)), empty) << "a new scan has seen nothing";
+  const tjhandle decoder = tjInitDecompress();
+  int width = 0, height = 0, subsampling = 0, colours = 0;
+  EXPECT_EQ(tjDecompressHeader3(decoder, reinterpret_cast<const unsigned char *>(jpeg.data()), jpeg.size(),
+                                &width, &height, &subsampling, &colours),
+            0);
+  tjDestroy(decoder);
+  EXPECT_EQ(width, 780);
+  EXPECT_EQ(height, 1688);
 }
 
 TEST_F(Screenshots, AreShownAsTheSwitchesSay) {
@@ -228,6 +225,12 @@ TEST_F(ScreenRecordings, FailWithOneLine) {
   advance();
   expectOnlyLine("main console Couldn't stop the screen recording: no folder for temporary files", before);
   EXPECT_EQ(state("screenRecorder.isRecording"), "true");
+  setenv("TMPDIR", temporary_.path().c_str(), 1);
+  std::filesystem::create_directory(recording(3));  // where the file should be
+  stopScreenRecorderVTL();
+  advance();
+  expectOnlyLine("completion console Couldn't stop the screen recording: ", before);
+  EXPECT_EQ(state("screenRecorder.isRecording"), "false") << "it is lost";
 }
 
 TEST_F(ScreenRecordings, AreForgottenWithThePower) {

@@ -38,7 +38,7 @@ TEST(DeviceOptions, RefusesClearlyAndChangesNothing) {
   };
   for (const auto &[name, value, message] :
        {Case{"ios", "15.8", "device ios: expected a version from 16.0 on, as 16.4, got \"15.8\""},
-        Case{"ios", "17.", "got \"17.\""}, Case{"ios", "17.0.1", "got \"17.0.1\""},
+        Case{"ios", "17.", "got \"17.\""}, Case{"ios", "17.0.0.1", "got \"17.0.0.1\""},
         Case{"ios", "", "got \"\""}, Case{"lidar", "ON", "device lidar: expected one of on, off, got \"ON\""},
         Case{"torch", "broken", "expected one of present, absent, refused, nodevice"},
         Case{"window", "half", "full, bare, empty, none"}, Case{"coaching", "-1", "expected a number from 0"},

@@ -241,15 +241,6 @@ TEST(Scheduler, SleepsAtHandOversChangeNothing) {
   for (std::uint32_t seed = 1; seed < 4; ++seed) EXPECT_EQ(run(seed), plain);
 }
 
-TEST(Scheduler, SleepsAtHandOvers) {
-  Scheduler scheduler;
-  scheduler.setHandoverSleep(2000, 1);
-  const auto start = std::chrono::steady_clock::now();
-  for (int i = 0; i < 20; ++i) scheduler.handOver(Role::delegate, [] {});
-  // Forty sleeps of a millisecond on average.
-  EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(20));
-}
-
 TEST(Scheduler, NamesAThreadWhoseCallbackDoesNotReturn) {
   Scheduler scheduler(std::chrono::milliseconds(20));
   testing::internal::CaptureStderr();

@@ -1,41 +1,19 @@
-#include "rooms/RoomReader.h"
 #include "support/DeviceTest.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstdlib>
-#include <filesystem>
 #include <limits>
-#include <thread>
 
 namespace vantorel::testing {
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string refusal(char *answer) { return answer ? taken(answer) : ""; }
 
 void expectRefused(char *answer, const std::string &part) {
   const std::string text = refusal(answer);
   EXPECT_NE(text.find(part), std::string::npos) << "\"" << text << "\" does not tell of \"" << part << "\"";
-}
-
-/// Entries of a folder of this process under /proc.
-std::ptrdiff_t countOwn(const char *what) {
-  return std::distance(fs::directory_iterator("/proc/self/" + std::string(what)), {});
-}
-
-/// The kernel may list a thread for a moment after it was joined.
-auto settledThreads() {
-  auto least = countOwn("task");
-  for (int look = 0; look < 50; ++look) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(2));
-    least = std::min(least, countOwn("task"));
-  }
-  return least;
 }
 
 class SimulatedDeviceTest : public DeviceTest {
@@ -60,22 +38,6 @@ class SimulatedDeviceTest : public DeviceTest {
     EXPECT_EQ(refusal(vantorelDeviceSettle()), "");
   }
 };
-
-TEST_F(SimulatedDeviceTest, LeavesNoThreadAndNoFileOpenAfterAPowerCycle) {
-  if (!fs::exists("/proc/self/task")) GTEST_SKIP() << "nowhere to count threads here";
-  useEverything("warm-up");
-  powerCycle();
-  const auto threads = settledThreads(), files = countOwn("fd");
-  for (int cycle = 0; cycle < 50; ++cycle) {
-    if (cycle % 2) useEverything(std::to_string(cycle));
-    initialize();
-    start();
-    EXPECT_GT(countOwn("task"), threads);
-    powerCycle();
-  }
-  EXPECT_EQ(settledThreads(), threads);
-  EXPECT_EQ(countOwn("fd"), files);
-}
 
 TEST_F(SimulatedDeviceTest, IsNewAfterAPowerCycle) {
   option("ios", "16.0");

@@ -62,7 +62,7 @@ class SimulatedSessionTest : public ::testing::Test {
     device.sessions.setNextScan(std::make_shared<RoomPlayback>(roomWithWalls(walls), seconds, 10));
   }
   void end(const char *error) {
-    device.scheduler.handOver(Role::delegate, [this, error] { session->deliverEnd(error); });
+    device.scheduler.handOver(Role::delegate, [this, error] { session->send(Playback::End{error}); });
   }
   std::map<std::string, int> takeHeard() { return std::exchange(listener->heard, {}); }
   using Counts = std::map<std::string, int>;
@@ -179,7 +179,7 @@ TEST_F(SimulatedSessionTest, GivesNoCoachingWhenThatIsOff) {
 
 TEST_F(SimulatedSessionTest, TellsWhatAnUpdateChanges) {
   const auto deliver = [&](std::shared_ptr<RoomDocument> room) {
-    device.scheduler.handOver(Role::delegate, [&] { session->deliverUpdate(room, {}); });
+    device.scheduler.handOver(Role::delegate, [&] { session->send(Playback::Update{}, {room, {}}); });
     return takeHeard();
   };
   EXPECT_EQ(deliver(roomWithWalls(3)), Counts({{"added", 3}, {"update", 1}}));

@@ -1,7 +1,6 @@
 #include "rooms/RoomReader.h"
 #include "rooms/RoomText.h"
 #include "rooms/RoomWriter.h"
-#include "support/TestData.h"
 
 #include <gtest/gtest.h>
 
@@ -255,18 +254,6 @@ TEST(RoomReader, ReadsOddButValidRooms) {
 TEST(RoomReader, RefusesATextThatIsCutOffAnywhere) {
   for (std::size_t size = 0; size < kRoomText.size(); ++size)
     EXPECT_NE(refusal(kRoomText.substr(0, size)).find("the text ends before"), std::string::npos) << size;
-}
-
-TEST(RoomReader, RefusesRealRoomsThatAreCutOffAnywhere) {
-  SKIP_WITHOUT_SHARED_ROOMS();
-  for (const std::string &path : testing::sharedRooms()) {
-    const std::string text = testing::readFile(path);
-    // Every kilobyte; every eighth in the middle of coreModel, one long string that no comma ends early.
-    const std::size_t core = text.find("\"coreModel\""), end = text.find(',', core);
-    for (std::size_t size = 1024; size<text.size(); size += size> core && size + 8192 < end ? 8192 : 1024)
-      EXPECT_NE(refusal({text.data(), size}).find("the text ends before"), std::string::npos)
-          << path << " " << size;
-  }
 }
 
 }  // namespace

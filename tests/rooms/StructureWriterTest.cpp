@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
-#include <regex>
-
 namespace vantorel {
 namespace {
 
@@ -38,9 +36,6 @@ TEST(StructureWriter, WritesTheElementsAndTheRoomsAsTheyWere) {
   EXPECT_EQ(structure["rooms"].Size(), 2u);
   EXPECT_TRUE(structure["rooms"][0] == parsed(writeRoom(*room)));
   EXPECT_TRUE(structure["rooms"][1] == parsed(writeRoom(old)));
-  // The same text as on its own, two levels further in.
-  const std::string inside = "    " + std::regex_replace(writeRoom(*room), std::regex("\n(?=.)"), "\n    ");
-  EXPECT_NE(text.find("  \"rooms\" : [\n" + inside + ",\n"), std::string::npos);
   EXPECT_THROW(readRoom(text), RoomReadError);
 }
 

@@ -120,13 +120,6 @@ TEST_F(HostTest, StopsWhenNobodyListens) {
   EXPECT_EQ(script.peek(), 'V');
 }
 
-TEST_F(HostTest, PassesBooleansAsTheByteThatWasWritten) {
-  EXPECT_EQ(play("isVTLCoachingEnabled 2\nstate isCoachingEnabled\nisVTLCoachingEnabled 255\nstate "
-                 "isCoachingEnabled"),
-            (Lines{R"("event":"state","name":"isCoachingEnabled","value":false)",
-                   R"("event":"state","name":"isCoachingEnabled","value":true)"}));
-}
-
 TEST_F(HostTest, ReadsATextFromAFile) {
   const std::string name = file("name", "of a \"file\"");
   EXPECT_EQ(play("trySaveRoomPlanExperience d @" + name + "\nstate scanName").back(),

@@ -174,8 +174,9 @@ char *vantorelDeviceRecord(const char *path) noexcept {
 char *vantorelDeviceDeliverUpdate(const char *path) noexcept {
   try {
     const auto room = readRoomFile(textOf(path));
-    return deliver("vantorelDeviceDeliverUpdate",
-                   [room](SimulatedSession &session) { session.deliverUpdate(room, identifierOf(*room)); });
+    return deliver("vantorelDeviceDeliverUpdate", [room](SimulatedSession &session) {
+      session.send(Playback::Update{}, {room, identifierOf(*room)});
+    });
   } catch (const PlatformError &error) {
     return copied(error.what());
   }
@@ -184,17 +185,16 @@ char *vantorelDeviceDeliverUpdate(const char *path) noexcept {
 char *vantorelDeviceDeliverInstruction(const char *name) noexcept {
   const std::string_view wanted = textOf(name);
   if (wanted.empty()) return copied("an instruction needs a name, as moveCloseToWall");
-  return deliver("vantorelDeviceDeliverInstruction",
-                 [instruction = instructionNamed(wanted)](SimulatedSession &session) {
-                   session.deliverInstruction(instruction);
-                 });
+  return deliver(
+      "vantorelDeviceDeliverInstruction",
+      [instruction = instructionNamed(wanted)](SimulatedSession &session) { session.send(instruction); });
 }
 
 char *vantorelDeviceDeliverEnd(const char *description) noexcept {
   std::optional<std::string> error;
   if (description) error = description;
   return deliver("vantorelDeviceDeliverEnd",
-                 [error](SimulatedSession &session) { session.deliverEnd(error); });
+                 [error](SimulatedSession &session) { session.send(Playback::End{error}); });
 }
 
 void *vantorelDeviceARSession(void) noexcept { return simulatedPlatform().hostARSession(); }

@@ -38,13 +38,20 @@ std::optional<int> wholeNumber(std::string_view text, int limit) {
   return value;
 }
 
+/// As 16.4 or 17.0.1; only the first number matters to anybody.
 std::optional<std::string> setSystem(DeviceTraits &traits, std::string_view text) {
-  const auto dot = text.find('.');
-  const auto major = wholeNumber(text.substr(0, dot), 999);
-  const auto minor = dot == text.npos ? 0 : wholeNumber(text.substr(dot + 1), 999);
-  if (!major || !minor || *major < 16)
+  std::vector<int> numbers;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find('.', begin), text.size());
+    const auto number = wholeNumber(text.substr(begin, end - begin), 999);
+    numbers.push_back(number.value_or(-1));
+    begin = end + 1;
+  }
+  const bool isVersion =
+      numbers.size() <= 3 && std::find(numbers.begin(), numbers.end(), -1) == numbers.end();
+  if (!isVersion || numbers[0] < 16)
     return "expected a version from 16.0 on, as 16.4, got \"" + std::string(text) + "\"";
-  traits.systemMajor = *major;
+  traits.systemMajor = numbers[0];
   return std::nullopt;
 }
 

@@ -22,17 +22,15 @@ class Playback {
   struct End {
     std::optional<std::string> description;  ///< of the error, if it was one
   };
-  /// The run goes on after an end. Happens by itself when a recording is played.
-  struct Resume {};
 
-  using Event = std::variant<Update, Instruction, End, Resume>;
+  using Event = std::variant<Update, Instruction, End>;
 
   struct Step {
     Time due = 0;
     Event event;
     /// Not the session's own doing but sent to it: comes after all else of its time, coaching or not.
     bool isSent = false;
-    /// Comes directly after the step before.
+    /// Comes directly after the step before, or with the run's start.
     bool isAtOnce = false;
   };
   struct Seen {
@@ -49,6 +47,7 @@ class Playback {
   /// What an update brings, by its place among the steps.
   virtual Seen seenAt(std::size_t step) const = 0;
   virtual Float4x4 cameraAt(Time time) const = 0;
+  /// One of a recording's runs, which has the next one behind it.
   virtual bool isRecorded() const = 0;
 };
 

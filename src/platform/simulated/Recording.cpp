@@ -90,9 +90,8 @@ class RecordingReader {
   [[noreturn]] void fail(const char *key, const std::string &reason) const;
 
   std::vector<std::shared_ptr<RecordedRun>> runs_;
-  std::size_t number_ = 0;  // of the line
-  Time last_ = 0;           // of the run
-  bool hasEvents_ = false;
+  std::size_t number_ = 0;                        // of the line
+  Time last_ = 0;                                 // of the line before in the run
   std::optional<Uuid> identifier_;                // named last in the run
   std::shared_ptr<const std::string> coreModel_;  // read last
 };
@@ -106,7 +105,8 @@ std::vector<std::shared_ptr<const RecordedRun>> RecordingReader::read(std::strin
     if (++number_ > kMostRecordedLines) fail("", "a recording has at most 1000000 lines");
     number_ == 1 ? readHeader(line) : readEvent(line);
   }
-  if (!hasEvents_) fail("", "the recording ends without an event");
+  if (std::ranges::all_of(runs_, [](const auto &run) { return run->steps().empty(); }))
+    fail("", "the recording ends without an event");
   return {runs_.begin(), runs_.end()};
 }
 
@@ -127,13 +127,16 @@ void RecordingReader::readEvent(std::string_view text) {
   if (text.find_first_not_of(" \t\r") == text.npos) return;
   auto line = readJson<EventLine>({.text = text, .what = "event", .line = number_});
   if (runs_.empty() || line.event == "run") beginRun();
-  const Time time = last_ = timeOf(line);
+  const Time time = timeOf(line);
   if (line.event == "run") {
     if (time != 0) fail("time", "a run begins at 0");
+  } else if (line.atOnce.value_or(false) && time != last_) {
+    fail("atOnce", "the line before has another time");
   } else {
     addEvent(line, {time, {}, line.sent.value_or(false), line.atOnce.value_or(false)});
   }
   if (line.camera) runs_.back()->look(time, *line.camera);
+  last_ = time;
 }
 
 Time RecordingReader::timeOf(const EventLine &line) const {
@@ -158,15 +161,9 @@ void RecordingReader::addEvent(EventLine &line, Playback::Step step) {
     step.event = instructionOf(line);
   } else if (line.event == "end") {
     step.event = Playback::End{line.description};
-  } else if (line.event == "resume") {
-    step.event = Playback::Resume{};
   } else {
-    fail("event", "expected run, update, instruction, end or resume");
+    fail("event", "expected run, update, instruction or end");
   }
-  const auto &before = runs_.back()->steps();
-  if (step.isAtOnce && (before.empty() || before.back().due != step.due))
-    fail("atOnce", "no event before has this time");
-  hasEvents_ |= !std::holds_alternative<Playback::Resume>(step.event);
   runs_.back()->add(std::move(step), std::move(room));
 }
 

@@ -10,7 +10,7 @@ namespace vantorel {
 namespace {
 
 const char *nameOf(const Playback::Step &step) {
-  constexpr const char *kNames[] = {"update", "instruction", "end", "resume"};  // in the variant's order
+  constexpr const char *kNames[] = {"update", "instruction", "end"};  // in the variant's order
   return kNames[step.event.index()];
 }
 

@@ -39,15 +39,15 @@ Scheduler::Time Scheduler::now() const {
   return now_;
 }
 
-std::uint64_t Scheduler::progress() const {
+std::uint64_t Scheduler::advances() const {
   Lock lock(mutex_);
-  return progress_;
+  return advances_;
 }
 
 void Scheduler::advance(Time duration) {
   Lock lock(mutex_);
   const Time end = timeAfter(duration);
-  ++progress_;
+  ++advances_;
   while (step(lock, end)) {
   }
   now_ = std::max(now_, end);
@@ -57,6 +57,7 @@ void Scheduler::advance(Time duration) {
 bool Scheduler::settle() {
   Lock lock(mutex_);
   const Time end = timeAfter(kSettleLimit);
+  ++advances_;
   for (;;) {
     if (finiteEvents_ > 0) {
       if (step(lock, end)) continue;
@@ -80,7 +81,6 @@ bool Scheduler::step(Lock &lock, Time end) {
   now_ = std::max(now_, std::get<Time>(first->first));
   Event event = std::move(first->second);
   if (!event.isPeriodic) --finiteEvents_;
-  ++progress_;
   events_.erase(first);
   dispatch(lock, std::move(event));
   return true;

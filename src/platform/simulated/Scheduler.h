@@ -70,8 +70,8 @@ class Scheduler {
   /// Main.
   bool settle();
 
-  /// Grows with every advance and with all work that is run in it.
-  std::uint64_t progress() const;
+  /// Grows with every advance and settle.
+  std::uint64_t advances() const;
 
   // ---- Work ----
 
@@ -130,7 +130,7 @@ class Scheduler {
   std::shared_ptr<Thread> delegateThread_, completionThread_;  // made on first use
   Time now_ = 0;
   std::uint64_t arrivals_ = 0;
-  std::uint64_t progress_ = 0;
+  std::uint64_t advances_ = 0;
   Group groups_ = 0;
   bool isFreeRunning_ = false;
   bool isShutDown_ = false;

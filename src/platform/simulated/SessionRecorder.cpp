@@ -1,5 +1,6 @@
 #include "platform/simulated/SessionRecorder.h"
 
+#include "platform/simulated/DiskFiles.h"
 #include "platform/simulated/Recording.h"
 
 #include <cerrno>
@@ -9,6 +10,9 @@
 
 namespace vantorel {
 namespace {
+
+/// A recording has its name once it is whole: until then an older one of that name can still be played.
+std::string partOf(const std::string &path) { return path + ".part"; }
 
 std::string lastError() { return std::generic_category().message(errno ? errno : EIO); }
 
@@ -24,8 +28,7 @@ std::optional<std::string> SessionRecorder::start(const std::string &path) {
   run_ = 0;
   lines_ = bytes_ = 0;
   errno = 0;
-  file_.open(std::filesystem::path(std::u8string(path.begin(), path.end())),
-             std::ios::binary | std::ios::trunc);
+  file_.open(pathOf(partOf(path)), std::ios::binary | std::ios::trunc);
   file_ ? write(std::string(kRecordingHeader)) : fail(lastError());
   if (failure_) file_.close();
   return std::exchange(failure_, std::nullopt);
@@ -37,6 +40,9 @@ std::optional<std::string> SessionRecorder::end() {
   errno = 0;
   file_.close();
   if (!file_ && !failure_) fail(lastError());
+  std::error_code error;
+  if (!failure_) std::filesystem::rename(pathOf(partOf(path_)), pathOf(path_), error);
+  if (error) fail(error.message());
   return std::exchange(failure_, std::nullopt);
 }
 

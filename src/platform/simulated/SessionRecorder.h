@@ -18,13 +18,13 @@ class SessionRecorder {
   /// Names a run that is recorded; 0: none.
   using Run = std::uint64_t;
 
-  /// Records the runs that begin from now on. The file is made anew. A message when that fails or a recording
-  /// is under way.
+  /// Records the runs that begin from now on, to `path` + ".part", which end() renames. A message when that fails
+  /// or a recording is under way.
   std::optional<std::string> start(const std::string &path);
   /// A message when not everything could be written; nothing without a recording.
   std::optional<std::string> end();
 
-  /// A session runs and sees something new.
+  /// A session runs. This and record write to the file before they return.
   Run begin(const RecordingWriter::Camera &camera);
   /// Only of the run that began last. `seen` is for updates.
   void record(Run run, const Playback::Step &step, const RecordingWriter::Camera &camera,

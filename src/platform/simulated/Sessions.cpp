@@ -30,7 +30,6 @@ std::shared_ptr<SimulatedSession> Sessions::current() const {
 void Sessions::setNextScans(Scans scans) {
   std::lock_guard lock(mutex_);
   nextScans_.swap(scans);  // the former ones are released without the lock
-  isNew_ = true;
 }
 
 void Sessions::setRecording(Scans runs) {
@@ -44,14 +43,8 @@ bool Sessions::hasNextScan() const {
   return !nextScans_.empty();
 }
 
-bool Sessions::hasNewScan() const {
-  std::lock_guard lock(mutex_);
-  return !nextScans_.empty() && isNew_;
-}
-
 std::shared_ptr<const Playback> Sessions::takeNextScan() {
   std::lock_guard lock(mutex_);
-  isNew_ = false;
   if (nextScans_.empty()) return nullptr;
   auto scan = std::move(nextScans_.front());
   nextScans_.pop_front();

@@ -29,8 +29,6 @@ class Sessions {
   /// The runs of a recording, whose played events are counted from now on.
   void setRecording(Scans runs);
   bool hasNextScan() const;
-  /// Whether the next scan was set after the last one was taken.
-  bool hasNewScan() const;
   /// The scan of a run that begins now; null when the run sees no room.
   std::shared_ptr<const Playback> takeNextScan();
 
@@ -46,7 +44,6 @@ class Sessions {
   std::vector<std::weak_ptr<SimulatedSession>> created_;
   std::weak_ptr<SimulatedSession> lastRun_;
   Scans nextScans_;
-  bool isNew_ = false;
   std::optional<std::size_t> playedEvents_;
 };
 

@@ -36,15 +36,15 @@ void SimulatedSession::run(const RoomCaptureSessionConfiguration &configuration)
   {
     const std::lock_guard lock(mutex_);
     device_.scheduler.cancel(run_);
-    const bool goesOn = resumes();
-    if (!goesOn) beginScan();
+    if (!resumes()) beginScan();
+    if (!isEnding_) sentAt_.reset();
     canResume_ = false;
     isRunning_ = true;
     isCoaching_ = configuration.isCoachingEnabled;
     start_ = device_.scheduler.now() - elapsed_;
     run_ = device_.scheduler.newGroup();
     arSession_->beginWalk(scan_, elapsed_);
-    if (goesOn) record(Playback::Resume{}, false);
+    recorded_ = device_.recorder.begin(scan_ ? scan_->cameraAt(elapsed_) : arSession_->restingPose());
     postStart();
     postSteps();
   }
@@ -52,24 +52,19 @@ void SimulatedSession::run(const RoomCaptureSessionConfiguration &configuration)
   device_.sessions.ran(shared_from_this());
 }
 
-/// Whether a run goes on with the scan that an end interrupted. With the lock held.
+/// Whether a run goes on with the room whose scan an end interrupted. With the lock held.
 bool SimulatedSession::resumes() const {
-  if (!canResume_) return false;
-  const bool hasNext = device_.sessions.hasNextScan(), hasNew = device_.sessions.hasNewScan();
-  if (!scan_) return !hasNext;
-  const bool isOver = nextStep_ == scan_->steps().size();
-  if (isOver && hasNext && !hasNew) return false;  // the recording's next run
+  if (!canResume_ || !scan_ || scan_->isRecorded()) return false;
   // Inside the end that a delegate answers with a new run, a room set for later stays for later.
-  return isEnding_ || !hasNew;
+  return isEnding_ || !device_.sessions.hasNextScan();
 }
 
+/// After an end the last update stands until the next one, whether a room is scanned or a recording played.
 void SimulatedSession::beginScan() {
   scan_ = device_.sessions.takeNextScan();
   nextStep_ = 0;
   elapsed_ = 0;
-  seen_ = nullptr;
-  sentAt_.reset();
-  recorded_ = device_.recorder.begin(scan_ ? scan_->cameraAt(0) : arSession_->restingPose());
+  if (!canResume_) seen_ = nullptr;
 }
 
 void SimulatedSession::stop(bool) {
@@ -112,15 +107,16 @@ void SimulatedSession::postEnd() {
                           }});
 }
 
-/// Those that come at once are played with the step before. None overtakes one that was sent.
+/// Those that come at once are played with the step before or the start. None overtakes one that was sent.
 void SimulatedSession::postSteps() {
   if (!scan_) return;
   const auto &steps = scan_->steps();
   bool isLast = false;
   for (std::size_t step = nextStep_; step < steps.size(); ++step) {
-    const bool isFirstOfTime = step == nextStep_ || steps[step].due != steps[step - 1].due;
-    isLast = steps[step].isSent || (isLast && !isFirstOfTime);
-    if (step == nextStep_ || !steps[step].isAtOnce) postStep(step, isLast);
+    const bool isFirst = step == nextStep_, isAtOnce = steps[step].isAtOnce;
+    const bool isFirstOfTime = isFirst || steps[step].due != steps[step - 1].due;
+    isLast = (steps[step].isSent && !(isFirst && isAtOnce)) || (isLast && !isFirstOfTime);
+    if (isFirst || !isAtOnce) postStep(step, isLast);
   }
 }
 
@@ -136,91 +132,87 @@ void SimulatedSession::postStep(std::size_t step, bool isLast) {
 }
 
 /// Work that was handed over before its run was stopped finds another run, or none.
-void SimulatedSession::play(Scheduler::Group run, std::size_t step) {
-  for (bool goesOn = true; goesOn; ++step) {
+void SimulatedSession::play(Scheduler::Group run, std::size_t number) {
+  for (bool goesOn = true; goesOn; ++number) {
     std::shared_ptr<const Playback> scan;
-    bool isCoaching = false;
     {
       const std::lock_guard lock(mutex_);
       if (!isRunning_ || run != run_) return;
-      nextStep_ = step + 1;
-      scan = scan_;
-      if (scan->steps()[step].isAtOnce) sentAt_ = device_.scheduler.progress();  // nothing came between
-      isCoaching = isCoaching_;
+      nextStep_ = number + 1;
+      if (isHeard(scan_->steps()[number])) scan = scan_;
+      goesOn = nextStep_ < scan_->steps().size() && scan_->steps()[nextStep_].isAtOnce;
     }
-    if (deliverStep(*scan, step, isCoaching) && scan->isRecorded()) device_.sessions.countPlayed();
-    goesOn = step + 1 < scan->steps().size() && scan->steps()[step + 1].isAtOnce;
+    if (!scan) continue;
+    const Playback::Step &step = scan->steps()[number];
+    deliver(step,
+            std::holds_alternative<Playback::Update>(step.event) ? scan->seenAt(number) : Playback::Seen{});
+    if (scan->isRecorded()) device_.sessions.countPlayed();
   }
 }
 
-/// False for a step that brings no event.
-bool SimulatedSession::deliverStep(const Playback &scan, std::size_t number, bool isCoaching) {
-  const Playback::Step &step = scan.steps()[number];
-  if (const auto *instruction = std::get_if<Instruction>(&step.event)) {
-    if (!isCoaching && !step.isSent) return false;
-    deliverInstruction(*instruction, step.isSent);
-  } else if (const auto *end = std::get_if<Playback::End>(&step.event)) {
-    deliverEnd(end->description, step.isSent);
-  } else if (std::holds_alternative<Playback::Update>(step.event)) {
-    const auto [room, identifier] = scan.seenAt(number);
-    deliverUpdate(room, identifier, step.isSent);
-  } else {
-    return false;
-  }
-  return true;
+/// A session without coaching has no instructions of its own. With the lock held.
+bool SimulatedSession::isHeard(const Playback::Step &step) const {
+  return isCoaching_ || step.isSent || !std::holds_alternative<Instruction>(step.event);
 }
 
 // ---- Events ----
 
-/// What happens in a run, before the delegate hears of it. With the lock held.
-void SimulatedSession::record(const Playback::Event &event, bool isSent, const Playback::Seen &seen) {
-  if (!isRunning_) return;
-  const bool isAtOnce = isSent && isSentAtOnce();
-  device_.recorder.record(recorded_, {device_.scheduler.now() - start_, event, isSent, isAtOnce},
+void SimulatedSession::send(Playback::Event event, const Playback::Seen &seen) {
+  Playback::Step step{.event = std::move(event), .isSent = true};
+  {
+    const std::lock_guard lock(mutex_);
+    const auto advances = device_.scheduler.advances();
+    if (isRunning_) step.isAtOnce = std::exchange(sentAt_, advances) == advances;
+  }
+  deliver(step, seen);
+}
+
+/// At this moment, whatever the step's time.
+void SimulatedSession::deliver(const Playback::Step &step, const Playback::Seen &seen) {
+  record(step, seen);
+  if (std::holds_alternative<Playback::Update>(step.event)) {
+    update(seen);
+  } else if (const auto *ending = std::get_if<Playback::End>(&step.event)) {
+    end(ending->description);
+  } else if (const auto delegate = delegate_.load().lock()) {
+    delegate->captureSessionDidProvide(std::get<Instruction>(step.event));
+  }
+}
+
+/// What happens in a run, before the delegate hears of it.
+void SimulatedSession::record(const Playback::Step &step, const Playback::Seen &seen) {
+  const std::lock_guard lock(mutex_);
+  if (!isRunning_ || recorded_ == 0) return;
+  const auto time = device_.scheduler.now() - start_ - elapsed_;
+  device_.recorder.record(recorded_, {time, step.event, step.isSent, step.isAtOnce},
                           arSession_->cameraTransform(), seen);
 }
 
-/// Whether nothing else has run since the last event was sent.
-bool SimulatedSession::isSentAtOnce() {
-  const auto progress = device_.scheduler.progress();
-  return std::exchange(sentAt_, progress) == progress;
-}
-
-void SimulatedSession::deliverUpdate(const std::shared_ptr<const RoomDocument> &room, const Uuid &identifier,
-                                     bool isSent) {
-  std::shared_ptr<const RoomDocument> before;
-  {
+/// Before the update what was added, changed and removed since the last one, as rooms of those elements alone.
+void SimulatedSession::update(const Playback::Seen &seen) {
+  const auto before = [&] {
     const std::lock_guard lock(mutex_);
-    record(Playback::Update{}, isSent, {room, identifier});
-    before = std::exchange(seen_, room);
-  }
+    return std::exchange(seen_, seen.room);
+  }();
   const auto delegate = delegate_.load().lock();
   if (!delegate) return;
   const auto captured = [&](std::shared_ptr<const RoomDocument> document) {
-    return std::make_shared<SimulatedRoom>(std::move(document), identifier, device_);
+    return std::make_shared<SimulatedRoom>(std::move(document), seen.identifier, device_);
   };
   const auto part = [&](RoomDocument &document) {
     return captured(std::make_shared<RoomDocument>(std::move(document)));
   };
-  RoomDifference difference = differenceOf(before.get(), *room);
+  RoomDifference difference = differenceOf(before.get(), *seen.room);
   if (!difference.added.isEmpty()) delegate->captureSessionDidAdd(part(difference.added));
   if (!difference.changed.isEmpty()) delegate->captureSessionDidChange(part(difference.changed));
   if (!difference.removed.isEmpty()) delegate->captureSessionDidRemove(part(difference.removed));
-  delegate->captureSessionDidUpdate(captured(room));
+  delegate->captureSessionDidUpdate(captured(seen.room));
 }
 
-void SimulatedSession::deliverInstruction(Instruction instruction, bool isSent) {
+/// Also stops the session.
+void SimulatedSession::end(const std::optional<std::string> &errorDescription) {
   {
     const std::lock_guard lock(mutex_);
-    record(instruction, isSent);
-  }
-  if (const auto delegate = delegate_.load().lock()) delegate->captureSessionDidProvide(instruction);
-}
-
-void SimulatedSession::deliverEnd(const std::optional<std::string> &errorDescription, bool isSent) {
-  {
-    const std::lock_guard lock(mutex_);
-    record(Playback::End{errorDescription}, isSent);
     interrupt();
     isEnding_ = true;
   }

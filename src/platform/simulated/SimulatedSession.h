@@ -21,7 +21,7 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   ~SimulatedSession() override;
 
   /// The start event and the first frame come later, on the delegate thread. After an end that was delivered,
-  /// a run goes on with the scan that it ended.
+  /// a run goes on with the room that was being scanned; a recording has a run of its own for it.
   void run(const RoomCaptureSessionConfiguration &configuration) override;
   void stop() override { stop(true); }
   /// The plain end event comes later. The camera stays where it is either way.
@@ -36,14 +36,8 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   std::shared_ptr<const RoomDocument> seen() const;
   bool hasARDelegate() const { return arSession_->hasDelegate(); }
 
-  // ---- Events, on the delegate thread, whether the session runs or not; `isSent` as in Playback::Step ----
-
-  /// Before it what was added, changed and removed since the last one, as rooms of those elements alone.
-  void deliverUpdate(const std::shared_ptr<const RoomDocument> &room, const Uuid &identifier,
-                     bool isSent = true);
-  void deliverInstruction(Instruction instruction, bool isSent = true);
-  /// Also stops the session.
-  void deliverEnd(const std::optional<std::string> &errorDescription, bool isSent = true);
+  /// An event from outside, on the delegate thread, whether the session runs or not. `seen` is for updates.
+  void send(Playback::Event event, const Playback::Seen &seen = {});
 
  private:
   SimulatedSession(DeviceParts &device, std::shared_ptr<SimulatedARSession> arSession);
@@ -56,9 +50,11 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
   bool interrupt();
   bool resumes() const;
   void beginScan();
-  bool deliverStep(const Playback &scan, std::size_t step, bool isCoaching);
-  bool isSentAtOnce();
-  void record(const Playback::Event &event, bool isSent, const Playback::Seen &seen = {});
+  bool isHeard(const Playback::Step &step) const;
+  void deliver(const Playback::Step &step, const Playback::Seen &seen);
+  void record(const Playback::Step &step, const Playback::Seen &seen);
+  void update(const Playback::Seen &seen);
+  void end(const std::optional<std::string> &errorDescription);
 
   DeviceParts &device_;
   const std::shared_ptr<SimulatedARSession> arSession_;
@@ -66,16 +62,16 @@ class SimulatedSession : public RoomCaptureSession, public std::enable_shared_fr
 
   mutable std::mutex mutex_;
   bool isRunning_ = false;
-  bool isEnding_ = false;   // inside deliverEnd
-  bool canResume_ = false;  // ended by deliverEnd, so that the scan may go on
+  bool isEnding_ = false;   // inside end()
+  bool canResume_ = false;  // ended by end(), so that the scan may go on
   bool isCoaching_ = true;
   Scheduler::Group run_ = 0;  // the pending steps of the current run
   std::shared_ptr<const Playback> scan_;
   SessionRecorder::Run recorded_ = 0;
-  std::optional<std::uint64_t> sentAt_;       // the scheduler's progress at the last event sent in this run
+  std::optional<std::uint64_t> sentAt_;       // the scheduler's advances at the last event sent in this run
   std::shared_ptr<const RoomDocument> seen_;  // by the last update of this scan
   std::size_t nextStep_ = 0;
-  Scheduler::Time elapsed_ = 0;  // of the scan, when it was interrupted
+  Scheduler::Time elapsed_ = 0;  // of the scan, when it was interrupted before this run
   Scheduler::Time start_ = 0;    // of the scan, in the device's time
 };
 

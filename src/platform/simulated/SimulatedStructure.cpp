@@ -1,11 +1,11 @@
 #include "platform/simulated/SimulatedStructure.h"
 
-#include "base/JsonWriter.h"
-#include "platform/PlatformError.h"
 #include "platform/simulated/SimulatedRoom.h"
 #include "rooms/BuildStructure.h"
 #include "rooms/MetadataPlist.h"
 #include "rooms/RoomWriter.h"
+
+#include <cstdio>
 
 namespace vantorel {
 namespace {
@@ -19,7 +19,9 @@ std::shared_ptr<CapturedStructure> built(const std::vector<std::shared_ptr<Captu
   for (const auto &room : rooms) documents.push_back(dynamic_cast<const SimulatedRoom &>(*room).document());
   try {
     return std::make_shared<SimulatedStructure>(buildStructure(std::move(documents)), device);
-  } catch (const StructureError &) {
+  } catch (const StructureError &error) {
+    std::fprintf(stderr, "vantorel: the rooms cannot be merged: %s\n",
+                 error.what());  // the library does not ask
     return nullptr;
   }
 }
@@ -28,11 +30,7 @@ std::shared_ptr<CapturedStructure> built(const std::vector<std::shared_ptr<Captu
 
 std::string SimulatedStructure::jsonText() const {
   device_.faults.check("encodeStructure");
-  try {
-    return writeStructure(document_);
-  } catch (const JsonEncodingError &error) {
-    throw PlatformError(error.what());
-  }
+  return writeStructure(document_);  // its numbers are finite, or it would not have been built
 }
 
 void SimulatedStructure::writeUsdz(const std::string &path, const std::string &metadataPath) const {
