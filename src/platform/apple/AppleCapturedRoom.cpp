@@ -76,6 +76,12 @@ void AppleCapturedRoom::writeUsdz(const std::string &path) const {
   orThrow([&](void *error) { return vantorel_swift_room_write_usdz(room_.get(), path.c_str(), error); });
 }
 
+std::shared_ptr<CapturedRoom> decodedRoom(std::string_view text) {
+  Handle room;
+  orThrow([&](void *error) { return vantorel_swift_room_decode(text.data(), text.size(), &room, error); });
+  return std::make_shared<AppleCapturedRoom>(std::move(room));
+}
+
 }  // namespace vantorel::apple
 
 void vantorel_core_element(void *content, const vantorel_swift_element *element) noexcept {

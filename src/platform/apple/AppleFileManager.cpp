@@ -11,15 +11,9 @@ std::string AppleFileManager::documentsDirectory() {
 }
 
 std::string AppleFileManager::temporaryDirectory() {
-  stopProcess("Temporary files are not built for the iPhone yet.");
-}
-
-std::string AppleFileManager::readFile(const std::string &) {
-  stopProcess("Reading files is not built for the iPhone yet.");
-}
-
-void AppleFileManager::removeItem(const std::string &) {
-  stopProcess("Removing files is not built for the iPhone yet.");
+  std::string path;
+  vantorel_swift_temporary_directory(&path);
+  return path;
 }
 
 bool AppleFileManager::fileExists(const std::string &path) {
@@ -28,6 +22,16 @@ bool AppleFileManager::fileExists(const std::string &path) {
 
 void AppleFileManager::createDirectory(const std::string &path) {
   orThrow([&](void *error) { return vantorel_swift_create_directory(path.c_str(), error); });
+}
+
+std::string AppleFileManager::readFile(const std::string &path) {
+  std::string bytes;
+  orThrow([&](void *error) { return vantorel_swift_read_file(path.c_str(), &bytes, error); });
+  return bytes;
+}
+
+void AppleFileManager::removeItem(const std::string &path) {
+  orThrow([&](void *error) { return vantorel_swift_remove_item(path.c_str(), error); });
 }
 
 void AppleFileManager::writeFile(const std::string &path, std::string_view bytes) {

@@ -1,5 +1,10 @@
 #include "platform/Platform.h"
+#include "platform/apple/AppleARSession.h"
+#include "platform/apple/AppleCaptureDevice.h"
+#include "platform/apple/AppleCapturedRoom.h"
+#include "platform/apple/AppleCapturedStructure.h"
 #include "platform/apple/AppleFileManager.h"
+#include "platform/apple/AppleMedia.h"
 #include "platform/apple/AppleRenderThreads.h"
 #include "platform/apple/AppleRoomCaptureSession.h"
 #include "platform/apple/AppleScreen.h"
@@ -21,21 +26,8 @@ class AppleDevice final : public Device {
 
 class AppleMainQueue final : public MainQueue {
   void async(std::function<void()> work) override { vantorel_swift_main_async(asWork(std::move(work))); }
-  void after(std::chrono::nanoseconds, std::function<void()>) override {
-    stopProcess("Waiting is not built for the iPhone yet.");
-  }
-};
-
-class ApplePresenter final : public Presenter {
-  void present(Presentation, const std::string &) override {
-    stopProcess("Sharing and previews are not built for the iPhone yet.");
-  }
-};
-
-class AppleScreenRecorder final : public ScreenRecorder {
-  void start(Completion) override { stopProcess("Recording is not built for the iPhone yet."); }
-  void stop(const std::string &, Completion) override {
-    stopProcess("Recording is not built for the iPhone yet.");
+  void after(std::chrono::nanoseconds delay, std::function<void()> work) override {
+    vantorel_swift_main_after(delay.count(), asWork(std::move(work)));
   }
 };
 
@@ -51,7 +43,8 @@ class ApplePlatform final : public Platform {
   ScreenRecorder &screenRecorder() override { return screenRecorder_; }
 
   std::shared_ptr<CaptureDevice> defaultCamera() override {
-    stopProcess("The torch is not built for the iPhone yet.");
+    Handle camera(vantorel_swift_camera_default());
+    return camera ? std::make_shared<AppleCaptureDevice>(std::move(camera)) : nullptr;
   }
   std::shared_ptr<RoomCaptureSession> makeRoomCaptureSession(std::shared_ptr<ARSession> arSession) override {
     const auto handle = arSession ? static_cast<AppleARSession &>(*arSession).handle() : nullptr;
@@ -62,14 +55,12 @@ class ApplePlatform final : public Platform {
     return std::make_shared<AppleARSession>(Handle(vantorel_swift_retain(object)));
   }
 
-  std::shared_ptr<CapturedRoom> decodeRoom(std::string_view) override {
-    stopProcess("Merging is not built for the iPhone yet.");
-  }
+  std::shared_ptr<CapturedRoom> decodeRoom(std::string_view text) override { return decodedRoom(text); }
   std::shared_ptr<StructureBuilder> makeStructureBuilder() override {
-    stopProcess("Merging is not built for the iPhone yet.");
+    return std::make_shared<AppleStructureBuilder>();
   }
-  std::shared_ptr<WorldMap> unarchiveWorldMap(std::string_view) override {
-    stopProcess("World maps are not built for the iPhone yet.");
+  std::shared_ptr<WorldMap> unarchiveWorldMap(std::string_view bytes) override {
+    return unarchivedWorldMap(bytes);
   }
 
   [[noreturn]] void stop(std::string_view message) override { stopProcess(message); }

@@ -1,38 +1,18 @@
 #include "platform/apple/AppleRoomCaptureSession.h"
 
+#include "platform/apple/AppleARSession.h"
 #include "platform/apple/AppleCapturedRoom.h"
-
-#include <mutex>
+#include "platform/apple/Forwarder.h"
 
 namespace vantorel::apple {
 namespace {
 
 using Delegate = RoomCaptureSessionDelegate;
 
-constexpr const char *kNoWorldMaps = "World maps are not built for the iPhone yet.";
-
 // The border's numbers are the port's.
 static_assert(int(Instruction::moveCloseToWall) == VANTOREL_SWIFT_MOVE_CLOSE_TO_WALL);
 static_assert(int(Instruction::lowTexture) == VANTOREL_SWIFT_LOW_TEXTURE);
 static_assert(int(Instruction::other) == VANTOREL_SWIFT_OTHER_INSTRUCTION);
-
-bool sameOwner(const std::weak_ptr<Delegate> &a, const std::weak_ptr<Delegate> &b) {
-  return !a.owner_before(b) && !b.owner_before(a);
-}
-
-/// Sets the Swift object that forwards to `delegate`. Sessions hold it weakly and may outlive their C++
-/// wrapper, inside a view; so it is kept here. There is one at a time, as there is one controller.
-void setForwarder(vantorel_swift_handle session, const std::weak_ptr<Delegate> &delegate) {
-  static std::mutex mutex;
-  static std::weak_ptr<Delegate> receiver;
-  static Handle forwarder;
-  std::lock_guard lock(mutex);
-  if (!forwarder || !sameOwner(receiver, delegate)) {
-    receiver = delegate;
-    forwarder.reset(vantorel_swift_capture_delegate_create(carry(delegate)));
-  }
-  vantorel_swift_capture_session_set_delegate(session, forwarder.get());
-}
 
 /// Calls `event` on the delegate behind `context`, if it is still there.
 template <typename... Parameters, typename... Arguments>
@@ -46,26 +26,6 @@ std::shared_ptr<CapturedRoom> wrapped(vantorel_swift_handle room) {
 }
 
 }  // namespace
-
-void AppleARSession::setDelegate(std::weak_ptr<ARSessionDelegate>) {
-  vantorel_swift_ar_session_set_idle_delegate(session_.get());
-}
-
-std::optional<Float4x4> AppleARSession::cameraTransform() {
-  stopProcess("The AR camera is not built for the iPhone yet.");
-}
-
-std::optional<Float4x4> AppleARSession::projectionMatrix(const ProjectionRequest &) {
-  stopProcess("The AR camera is not built for the iPhone yet.");
-}
-
-bool AppleARSession::isTrackingNormal() { stopProcess(kNoWorldMaps); }
-
-void AppleARSession::run(std::shared_ptr<WorldMap>) { stopProcess(kNoWorldMaps); }
-
-void AppleARSession::getCurrentWorldMap(std::function<void(std::shared_ptr<WorldMap>)>) {
-  stopProcess(kNoWorldMaps);
-}
 
 void AppleRoomCaptureSession::run(const RoomCaptureSessionConfiguration &configuration) {
   vantorel_swift_capture_session_run(session_.get(), configuration.isCoachingEnabled);
@@ -82,7 +42,10 @@ std::shared_ptr<ARSession> AppleRoomCaptureSession::arSession() {
 }
 
 void AppleRoomCaptureSession::setDelegate(std::weak_ptr<Delegate> delegate) {
-  setForwarder(session_.get(), delegate);
+  static auto &forwarder = *new Forwarder<Delegate>(vantorel_swift_capture_delegate_create);
+  forwarder.with(delegate, [&](vantorel_swift_handle object) {
+    vantorel_swift_capture_session_set_delegate(session_.get(), object);
+  });
 }
 
 }  // namespace vantorel::apple

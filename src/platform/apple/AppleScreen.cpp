@@ -1,10 +1,16 @@
 #include "platform/apple/AppleScreen.h"
 
+#include "platform/apple/AppleARSession.h"
 #include "platform/apple/AppleRoomCaptureSession.h"
 #include "platform/apple/Border.h"
+#include "platform/apple/Forwarder.h"
 
 namespace vantorel::apple {
 namespace {
+
+Rect rect(const vantorel_swift_rect &from) { return {from.x, from.y, from.width, from.height}; }
+
+vantorel_swift_rect crossing(const Rect &rect) { return {rect.x, rect.y, rect.width, rect.height}; }
 
 /// The half that all views share, whichever port they fill.
 class NativeView {
@@ -23,6 +29,18 @@ class AppleARSCNView final : public ARSCNView, public NativeView {
   void removeFromSuperview() override { vantorel_swift_view_remove_from_superview(handle()); }
 };
 
+class AppleRoomCaptureView final : public RoomCaptureView, public NativeView {
+ public:
+  using NativeView::NativeView;
+  std::shared_ptr<RoomCaptureSession> captureSession() override {
+    return std::make_shared<AppleRoomCaptureSession>(
+        Handle(vantorel_swift_scan_view_capture_session(handle())));
+  }
+  std::size_t subviewCount() override { return vantorel_swift_view_subview_count(handle()); }
+  void hideSubview(std::size_t index) override { vantorel_swift_view_hide_subview(handle(), index); }
+  void removeFromSuperview() override { vantorel_swift_view_remove_from_superview(handle()); }
+};
+
 class AppleRootViewController final : public RootViewController {
  public:
   explicit AppleRootViewController(Handle controller) : controller_(std::move(controller)) {}
@@ -37,12 +55,11 @@ class AppleRootViewController final : public RootViewController {
 class AppleViewController final : public ViewController {
  public:
   bool loadView() override { return vantorel_swift_view_controller_load_view(handle()); }
-  Rect bounds() override {
-    const auto [x, y, width, height] = vantorel_swift_view_controller_bounds(handle());
-    return {x, y, width, height};
-  }
+  Rect bounds() override { return rect(vantorel_swift_view_controller_bounds(handle())); }
   void insertAtBack(View &view) override {
-    vantorel_swift_view_controller_insert_at_back(handle(), dynamic_cast<NativeView &>(view).handle());
+    const auto native = dynamic_cast<NativeView &>(view).handle();
+    vantorel_swift_view_controller_insert_at_back(handle(), native);
+    if (dynamic_cast<ARSCNView *>(&view)) vantorel_swift_view_controller_show_scene_view(handle(), native);
   }
   void ignoreTouches() override { vantorel_swift_view_controller_ignore_touches(handle()); }
   void dismissNavigationController() override { vantorel_swift_view_controller_dismiss_navigation(handle()); }
@@ -73,13 +90,21 @@ class AppleWindow final : public Window {
 };
 
 vantorel_swift_camera_view_settings crossing(const ARSCNViewSettings &settings) {
-  const Rect &frame = settings.frame;
-  return {.frame = {frame.x, frame.y, frame.width, frame.height},
+  return {.frame = crossing(settings.frame),
           .antialiasingMode = settings.antialiasingMode,
           .automaticallyUpdatesLighting = settings.automaticallyUpdatesLighting,
           .rendersCameraGrain = settings.rendersCameraGrain,
           .rendersMotionBlur = settings.rendersMotionBlur,
           .preferredFramesPerSecond = settings.preferredFramesPerSecond};
+}
+
+vantorel_swift_handle makeScanView(const std::optional<RoomCaptureViewSettings> &settings) {
+  if (!settings) return vantorel_swift_scan_view_create();
+  static auto &forwarder = *new Forwarder<RoomCaptureViewDelegate>(vantorel_swift_scan_view_delegate_create);
+  return forwarder.with(settings->delegate, [&](vantorel_swift_handle delegate) {
+    return vantorel_swift_scan_view_create_framed(crossing(settings->frame), settings->isModelEnabled,
+                                                  delegate);
+  });
 }
 
 vantorel_swift_handle makeCameraView(const std::optional<ARSCNViewSettings> &settings) {
@@ -101,22 +126,39 @@ std::shared_ptr<ViewController> AppleScreen::makeViewController() {
 }
 
 std::shared_ptr<RoomCaptureView> AppleScreen::makeRoomCaptureView(
-    const std::optional<RoomCaptureViewSettings> &) {
-  stopProcess("RoomCaptureView is not built for the iPhone yet.");
+    const std::optional<RoomCaptureViewSettings> &settings) {
+  return std::make_shared<AppleRoomCaptureView>(Handle(makeScanView(settings)));
 }
 
 std::shared_ptr<ARSCNView> AppleScreen::makeARSCNView(const std::optional<ARSCNViewSettings> &settings) {
   return std::make_shared<AppleARSCNView>(Handle(makeCameraView(settings)));
 }
 
-Rect AppleScreen::bounds() { stopProcess("The screen's bounds are not built for the iPhone yet."); }
+Rect AppleScreen::bounds() { return rect(vantorel_swift_screen_bounds()); }
 
 std::string AppleScreen::screenshotJpeg() {
-  stopProcess("Screenshots are not built for the iPhone yet.");
+  const Handle window(vantorel_swift_first_window());
+  if (!window) throw PlatformError("there is no window");
+  std::string bytes;
+  orThrow([&](void *error) { return vantorel_swift_window_jpeg(window.get(), &bytes, error); });
+  return bytes;
 }
 
 InterfaceOrientation AppleScreen::orientation() {
-  stopProcess("The interface orientation is not built for the iPhone yet.");
+  return static_cast<InterfaceOrientation>(vantorel_swift_interface_orientation());
 }
 
 }  // namespace vantorel::apple
+
+using namespace vantorel;
+using namespace vantorel::apple;
+
+bool vantorel_core_scan_view_should_present(void *context) noexcept {
+  const auto delegate = carried<std::weak_ptr<RoomCaptureViewDelegate>>(context).lock();
+  return delegate && delegate->captureViewShouldPresent();
+}
+
+void vantorel_core_scan_view_did_present(void *context) noexcept {
+  if (const auto delegate = carried<std::weak_ptr<RoomCaptureViewDelegate>>(context).lock())
+    delegate->captureViewDidPresent();
+}

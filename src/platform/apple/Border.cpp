@@ -17,6 +17,14 @@ void vantorel_core_run(void *work) noexcept {
   (*owned)();
 }
 
+void vantorel_core_object(void *object, vantorel_swift_handle found) noexcept {
+  static_cast<Handle *>(object)->reset(found);
+}
+
+void vantorel_core_complete(void *completion, vantorel_swift_handle result) noexcept {
+  carried<Completion>(completion)(Handle(result));
+}
+
 void vantorel_core_text(void *text, const char *utf8, size_t length) noexcept {
   static_cast<std::string *>(text)->assign(utf8, length);
 }

@@ -41,6 +41,10 @@ Value &carried(void *context) {
   return static_cast<Carrier<Value> *>(static_cast<Context *>(context))->value;
 }
 
+/// What Swift completes later, with an object or null, at most once.
+using Completion = std::function<void(Handle)>;
+inline void *asCompletion(Completion completion) { return carry(std::move(completion)); }
+
 /// Work for Swift to run once.
 inline void *asWork(std::function<void()> work) { return new std::function<void()>(std::move(work)); }
 

@@ -24,14 +24,20 @@ func borrowed<Object: AnyObject>(_ handle: vantorel_swift_handle, as type: Objec
 
 func write(_ text: String, to target: UnsafeMutableRawPointer) {
     var text = text
-    text.withUTF8 { utf8 in
-        utf8.withMemoryRebound(to: CChar.self) { characters in
-            // An empty text may have no address; any other will do for no bytes.
-            guard let start = characters.baseAddress else { return vantorel_core_text(target, "", 0) }
-            vantorel_core_text(target, start, characters.count)
-        }
+    text.withUTF8 { write(UnsafeRawBufferPointer($0), to: target) }
+}
+
+func write(_ bytes: Data, to target: UnsafeMutableRawPointer) { bytes.withUnsafeBytes { write($0, to: target) } }
+
+func write(_ bytes: UnsafeRawBufferPointer, to target: UnsafeMutableRawPointer) {
+    bytes.withMemoryRebound(to: CChar.self) { characters in
+        // What is empty may have no address; any other will do for no bytes.
+        guard let start = characters.baseAddress else { return vantorel_core_text(target, "", 0) }
+        vantorel_core_text(target, start, characters.count)
     }
 }
+
+func data(_ bytes: UnsafeRawPointer?, _ length: Int) -> Data { Data(UnsafeRawBufferPointer(start: bytes, count: length)) }
 
 /// Whether `work` succeeded; if not, its error's description is in `target`.
 func succeeds(orWriteTo target: UnsafeMutableRawPointer, _ work: () throws -> Void) -> Bool {

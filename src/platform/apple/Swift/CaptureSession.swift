@@ -78,13 +78,3 @@ public func vantorel_swift_capture_session_stop_pausing(_ session: vantorel_swif
 public func vantorel_swift_capture_session_ar_session(_ session: vantorel_swift_handle) -> vantorel_swift_handle {
     retained(borrowed(session, as: RoomCaptureSession.self).arSession)
 }
-
-/// Takes a delegate's place and acts on nothing.
-final class IdleDelegate: NSObject, ARSessionDelegate {}
-
-private let idleDelegate = IdleDelegate()  // delegates are held weakly
-
-@_cdecl("vantorel_swift_ar_session_set_idle_delegate")
-public func vantorel_swift_ar_session_set_idle_delegate(_ arSession: vantorel_swift_handle) {
-    borrowed(arSession, as: ARSession.self).delegate = idleDelegate
-}

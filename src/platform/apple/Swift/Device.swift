@@ -26,6 +26,9 @@ public func vantorel_swift_documents_directory(_ text: UnsafeMutableRawPointer, 
     }
 }
 
+@_cdecl("vantorel_swift_temporary_directory")
+public func vantorel_swift_temporary_directory(_ text: UnsafeMutableRawPointer) { write(FileManager.default.temporaryDirectory.path, to: text) }
+
 @_cdecl("vantorel_swift_file_exists")
 public func vantorel_swift_file_exists(_ path: UnsafePointer<CChar>) -> Bool {
     FileManager.default.fileExists(atPath: String(cString: path))
@@ -41,8 +44,18 @@ public func vantorel_swift_create_directory(_ path: UnsafePointer<CChar>, _ erro
 @_cdecl("vantorel_swift_write_file")
 public func vantorel_swift_write_file(_ path: UnsafePointer<CChar>, _ bytes: UnsafeRawPointer?, _ length: Int, _ error: UnsafeMutableRawPointer) -> Bool {
     succeeds(orWriteTo: error) {
-        try Data(UnsafeRawBufferPointer(start: bytes, count: length)).write(to: URL(fileURLWithPath: String(cString: path)))
+        try data(bytes, length).write(to: URL(fileURLWithPath: String(cString: path)))
     }
+}
+
+@_cdecl("vantorel_swift_read_file")
+public func vantorel_swift_read_file(_ path: UnsafePointer<CChar>, _ bytes: UnsafeMutableRawPointer, _ error: UnsafeMutableRawPointer) -> Bool {
+    succeeds(orWriteTo: error) { write(try Data(contentsOf: URL(fileURLWithPath: String(cString: path))), to: bytes) }
+}
+
+@_cdecl("vantorel_swift_remove_item")
+public func vantorel_swift_remove_item(_ path: UnsafePointer<CChar>, _ error: UnsafeMutableRawPointer) -> Bool {
+    succeeds(orWriteTo: error) { try FileManager.default.removeItem(atPath: String(cString: path)) }
 }
 
 // ---- Queues and threads ----
@@ -51,6 +64,12 @@ public func vantorel_swift_write_file(_ path: UnsafePointer<CChar>, _ bytes: Uns
 public func vantorel_swift_main_async(_ work: UnsafeMutableRawPointer) {
     nonisolated(unsafe) let work = work
     DispatchQueue.main.async { vantorel_core_run(work) }
+}
+
+@_cdecl("vantorel_swift_main_after")
+public func vantorel_swift_main_after(_ nanoseconds: Int64, _ work: UnsafeMutableRawPointer) {
+    nonisolated(unsafe) let work = work
+    DispatchQueue.main.asyncAfter(deadline: .now() + .nanoseconds(Int(nanoseconds))) { vantorel_core_run(work) }
 }
 
 @_cdecl("vantorel_swift_start_thread")

@@ -19,10 +19,21 @@ public func vantorel_swift_room_identifier(_ handle: vantorel_swift_handle) -> v
 
 @_cdecl("vantorel_swift_room_json")
 public func vantorel_swift_room_json(_ handle: vantorel_swift_handle, _ text: UnsafeMutableRawPointer, _ error: UnsafeMutableRawPointer) -> Bool {
+    succeeds(orWriteTo: error) { write(try prettyJson(room(handle)), to: text) }
+}
+
+func prettyJson(_ value: some Encodable) throws -> Data {
+    let encoder = JSONEncoder()
+    encoder.outputFormatting = [.prettyPrinted, .sortedKeys]
+    return try encoder.encode(value)
+}
+
+@_cdecl("vantorel_swift_room_decode")
+public func vantorel_swift_room_decode(
+    _ bytes: UnsafeRawPointer?, _ length: Int, _ object: UnsafeMutableRawPointer, _ error: UnsafeMutableRawPointer
+) -> Bool {
     succeeds(orWriteTo: error) {
-        let encoder = JSONEncoder()
-        encoder.outputFormatting = [.prettyPrinted, .sortedKeys]
-        write(String(decoding: try encoder.encode(room(handle)), as: UTF8.self), to: text)
+        vantorel_core_object(object, retained(Box(try JSONDecoder().decode(CapturedRoom.self, from: data(bytes, length)))))
     }
 }
 

@@ -4,10 +4,26 @@ import SceneKit
 import UIKit
 import VantorelSwift
 
+extension CGRect {
+    init(_ rect: vantorel_swift_rect) { self.init(x: rect.x, y: rect.y, width: rect.width, height: rect.height) }
+}
+
+extension vantorel_swift_rect {
+    init(_ rect: CGRect) { self.init(x: rect.minX, y: rect.minY, width: rect.width, height: rect.height) }
+}
+
+@MainActor var firstWindow: UIWindow? { (UIApplication.shared.connectedScenes.first as? UIWindowScene)?.windows.first }
+
 @MainActor @_cdecl("vantorel_swift_first_window")
-public func vantorel_swift_first_window() -> vantorel_swift_handle? {
-    let scene = UIApplication.shared.connectedScenes.first as? UIWindowScene
-    return (scene?.windows.first).map(retained)
+public func vantorel_swift_first_window() -> vantorel_swift_handle? { firstWindow.map(retained) }
+
+@MainActor @_cdecl("vantorel_swift_screen_bounds")
+public func vantorel_swift_screen_bounds() -> vantorel_swift_rect { vantorel_swift_rect(UIScreen.main.bounds) }
+
+@MainActor @_cdecl("vantorel_swift_interface_orientation")
+public func vantorel_swift_interface_orientation() -> Int32 {
+    let orientation = firstWindow?.windowScene?.interfaceOrientation ?? .unknown
+    return Int32(orientations.firstIndex(of: orientation) ?? 0)
 }
 
 @MainActor @_cdecl("vantorel_swift_window_clear_background")
@@ -37,8 +53,21 @@ public func vantorel_swift_window_root_view_controller(_ window: vantorel_swift_
     return controller.viewIfLoaded
 }
 
+/// The library's own. `sceneView` is there for whoever asks by name; weak, because the core drops the view when it wants.
+final class ViewController: UIViewController {
+    #if canImport(ObjectiveC)
+    @objc
+    #endif
+    dynamic weak var sceneView: ARSCNView?
+}
+
 @MainActor @_cdecl("vantorel_swift_view_controller_create")
-public func vantorel_swift_view_controller_create() -> vantorel_swift_handle { retained(UIViewController()) }
+public func vantorel_swift_view_controller_create() -> vantorel_swift_handle { retained(ViewController()) }
+
+@MainActor @_cdecl("vantorel_swift_view_controller_show_scene_view")
+public func vantorel_swift_view_controller_show_scene_view(_ controller: vantorel_swift_handle, _ view: vantorel_swift_handle) {
+    borrowed(controller, as: ViewController.self).sceneView = borrowed(view, as: ARSCNView.self)
+}
 
 @MainActor @_cdecl("vantorel_swift_view_controller_load_view")
 public func vantorel_swift_view_controller_load_view(_ controller: vantorel_swift_handle) -> Bool {
@@ -55,8 +84,7 @@ public func vantorel_swift_view_controller_make_transparent(_ controller: vantor
 
 @MainActor @_cdecl("vantorel_swift_view_controller_bounds")
 public func vantorel_swift_view_controller_bounds(_ controller: vantorel_swift_handle) -> vantorel_swift_rect {
-    let bounds = borrowed(controller, as: UIViewController.self).view.bounds
-    return vantorel_swift_rect(x: bounds.minX, y: bounds.minY, width: bounds.width, height: bounds.height)
+    vantorel_swift_rect(borrowed(controller, as: UIViewController.self).view.bounds)
 }
 
 @MainActor @_cdecl("vantorel_swift_view_controller_insert_at_back")
@@ -80,16 +108,24 @@ public func vantorel_swift_camera_view_create() -> vantorel_swift_handle { retai
 @MainActor @_cdecl("vantorel_swift_camera_view_create_on")
 public func vantorel_swift_camera_view_create_on(_ arSession: vantorel_swift_handle, _ settings: UnsafePointer<vantorel_swift_camera_view_settings>) -> vantorel_swift_handle {
     let settings = settings.pointee
-    let frame = settings.frame
-    let view = ARSCNView(frame: CGRect(x: frame.x, y: frame.y, width: frame.width, height: frame.height))
+    let view = ARSCNView(frame: CGRect(settings.frame))
     view.session = borrowed(arSession)
     view.scene = SCNScene()
+    view.delegate = idleDelegate
     view.antialiasingMode = SCNAntialiasingMode(rawValue: UInt(settings.antialiasingMode)) ?? .none
     view.automaticallyUpdatesLighting = settings.automaticallyUpdatesLighting
     view.rendersCameraGrain = settings.rendersCameraGrain
     view.rendersMotionBlur = settings.rendersMotionBlur
     view.preferredFramesPerSecond = Int(settings.preferredFramesPerSecond)
     return retained(view)
+}
+
+@MainActor @_cdecl("vantorel_swift_view_subview_count")
+public func vantorel_swift_view_subview_count(_ view: vantorel_swift_handle) -> Int { borrowed(view, as: UIView.self).subviews.count }
+
+@MainActor @_cdecl("vantorel_swift_view_hide_subview")
+public func vantorel_swift_view_hide_subview(_ view: vantorel_swift_handle, _ index: Int) {
+    borrowed(view, as: UIView.self).subviews[index].isHidden = true
 }
 
 @_cdecl("vantorel_swift_view_remove_from_superview")

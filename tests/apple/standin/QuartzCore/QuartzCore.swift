@@ -1,12 +1,14 @@
 // A display link on a timer. Where there is no Objective-C a selector is the method itself.
 import Foundation
 
+#if !canImport(ObjectiveC)
 public struct Selector {
     let call: (Any, Any) -> Void
     public init<Target, Sender>(_ method: @escaping (Target) -> (Sender) -> Void) {
         call = { method($0 as! Target)($1 as! Sender) }
     }
 }
+#endif
 
 public struct CAFrameRateRange {
     public var minimum, maximum: Float

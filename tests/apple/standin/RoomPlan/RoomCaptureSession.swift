@@ -31,6 +31,7 @@ public final class RoomCaptureSession: @unchecked Sendable {
 
     public let arSession: ARSession
     public weak var delegate: (any RoomCaptureSessionDelegate)?
+    weak var view: RoomCaptureView?  // whose session it is
     private let queue = DispatchQueue(label: "stand-in session")
 
     public init() { arSession = ARSession() }
@@ -46,7 +47,11 @@ public final class RoomCaptureSession: @unchecked Sendable {
         }
     }
     public func stop() {
-        queue.async { [self] in delegate?.captureSession(self, didEndWith: CapturedRoomData(), error: nil) }
+        let view = view
+        queue.async { [self] in
+            delegate?.captureSession(self, didEndWith: CapturedRoomData(), error: nil)
+            view?.sessionEnded()
+        }
     }
     @available(iOS 17.0, *) public func stop(pauseARSession: Bool = true) { stop() }
 }

@@ -2,6 +2,8 @@
 
 public final class SCNScene: NSObject {}
 
+public protocol SCNSceneRendererDelegate: NSObjectProtocol {}
+
 public enum SCNAntialiasingMode: UInt { case none, multisampling2X, multisampling4X }
 
 @MainActor open class SCNView: UIView {

@@ -12,9 +12,11 @@ public final class UIColor: NSObject, @unchecked Sendable {
     public private(set) var bounds: CGRect
     public private(set) var subviews: [UIView] = []
     public private(set) weak var superview: UIView?
+    fileprivate weak var controller: UIViewController?
     public var backgroundColor: UIColor?
     public var isOpaque = true
     public var isUserInteractionEnabled = true
+    public var isHidden = false
 
     public func addSubview(_ view: UIView) { insertSubview(view, at: subviews.count - (view.superview === self ? 1 : 0)) }
     public func insertSubview(_ view: UIView, at index: Int) {
@@ -40,14 +42,23 @@ public final class UIColor: NSObject, @unchecked Sendable {
     }
     public func loadViewIfNeeded() {
         if viewIfLoaded == nil { viewIfLoaded = UIView(frame: CGRect(x: 0, y: 0, width: 393, height: 852)) }
+        viewIfLoaded?.controller = self
     }
     public var navigationController: UINavigationController? { nil }
-    public func dismiss(animated: Bool, completion: (() -> Void)? = nil) { completion?() }
+    public internal(set) var presentedViewController: UIViewController?
+    public internal(set) weak var presentingViewController: UIViewController?
+    public internal(set) var isBeingDismissed = false
+    public internal(set) var transitionCoordinator: (any UIViewControllerTransitionCoordinator)?
+    open var popoverPresentationController: UIPopoverPresentationController? { nil }
+    open func viewDidDisappear(_ animated: Bool) {}
+    /// What the person sees of it.
+    open var standinContent: String { "\(type(of: self))" }
 }
 
 public final class UINavigationController: UIViewController {}
 
 public final class UIWindow: UIView {
+    public weak var windowScene: UIWindowScene?
     public var rootViewController: UIViewController? {
         didSet { if let view = rootViewController?.view { addSubview(view) } }
     }
@@ -66,6 +77,7 @@ public final class UIWindowScene: UIScene {
         let window = UIWindow()
         window.rootViewController = UIViewController()
         let scene = UIWindowScene()
+        window.windowScene = scene
         scene.windows = [window]
         connectedScenes = [scene]
     }
@@ -85,10 +97,19 @@ public func standin_run_main_loop() { RunLoop.main.run(until: Date(timeIntervalS
 @MainActor @_cdecl("standin_views")
 public func standin_views() -> UnsafeMutablePointer<CChar>? {
     func describe(_ view: UIView) -> String {
-        let traits = (view.backgroundColor === UIColor.clear ? "clear " : "") + (view.isUserInteractionEnabled ? "" : "untouchable ")
+        let traits = (view.backgroundColor === UIColor.clear ? "clear " : "") + (view.isUserInteractionEnabled ? "" : "untouchable ") + (view.isHidden ? "hidden " : "")
         let subviews = view.subviews.map(describe).joined(separator: ", ")
         return traits + "\(type(of: view))" + (subviews.isEmpty ? "" : "(\(subviews))")
     }
     let scenes = UIApplication.shared.connectedScenes.compactMap { $0 as? UIWindowScene }
     return strdup(scenes.flatMap(\.windows).map(describe).joined())
+}
+
+/// The kind of what the controller behind the window's first view calls "sceneView". To be freed.
+@MainActor @_cdecl("standin_scene_view")
+public func standin_scene_view() -> UnsafeMutablePointer<CChar>? {
+    let scene = UIApplication.shared.connectedScenes.first as? UIWindowScene
+    let controller = scene?.windows.first?.subviews.first?.controller
+    let view = controller.flatMap { Mirror(reflecting: $0).descendant("sceneView") as? UIView }
+    return strdup(view.map { "\(type(of: $0))" } ?? "nil")
 }
