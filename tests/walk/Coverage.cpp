@@ -33,7 +33,9 @@ std::size_t Coverage::indexOf(const Model &model, std::size_t operation) {
   return indexOf(placeOf(model), model.isPresent && operations()[operation].dependsOnPresence, operation);
 }
 
-void Coverage::count(const Model &before, std::size_t operation) { ++cells_[indexOf(before, operation)]; }
+void Coverage::count(const Model &before, std::size_t operation) {
+  cells_[indexOf(before, operation)] += operations()[operation].weight;
+}
 
 int Coverage::missing(const Model &model, std::size_t operation) const {
   return std::max(0, kQuota - cells_[indexOf(model, operation)]);

@@ -21,8 +21,6 @@ namespace {
 
 using testing::MemoryFiles;
 
-constexpr const char *kDocuments = "/documents";
-
 /// Callbacks are plain pointers, so what they bring is kept here. Threads go hand over hand.
 std::string heardLines;
 std::shared_ptr<MemoryFiles> store;
@@ -110,11 +108,11 @@ std::string roomsIn(const std::string &text) {
 }
 
 std::string fileDifference(const Model &model) {
-  auto real = store->list(kDocuments);
+  auto real = store->list("/");
   std::vector<std::string> expected;
   for (const auto &folder : model.phone.folders)
-    if (folder != "$D") expected.push_back(folder.substr(3) + "/");
-  for (const auto &[path, file] : model.phone.files) expected.push_back(path.substr(3));
+    if (folder != kRoot) expected.push_back(folder.substr(1) + "/");
+  for (const auto &[path, file] : model.phone.files) expected.push_back(path.substr(1));
   std::sort(real.begin(), real.end());
   std::sort(expected.begin(), expected.end());
   if (real == expected) return "";
@@ -145,17 +143,17 @@ void switchOn(const Model &like) {
   vantorelDeviceSetObserver(observe);
   store = std::make_shared<MemoryFiles>();
   simulatedPlatform().files().setStore(store);
-  hearRefusal(vantorelDeviceSetDocumentsDirectory(kDocuments));
-  for (const auto &folder : like.phone.folders) store->createDirectories(realPath(folder));
-  for (const auto &[path, file] : like.phone.files) store->write(realPath(path), file.text);
+  hearRefusal(vantorelDeviceSetDocumentsDirectory(kDocuments.c_str()));
+  for (const auto &folder : like.phone.folders) store->createDirectories(folder);
+  for (const auto &[path, file] : like.phone.files) store->write(path, file.text);
   hearRefusal(vantorelDeviceSetOption("ios", std::to_string(like.phone.ios).c_str()));
   heardLines.clear();
 }
 
 void fillSlot(std::size_t slot, int which) { which > 1 ? fill<2>(slot) : fill<1>(slot); }
 
-std::string realPath(const std::string &path) {
-  return path.starts_with("$D") ? kDocuments + path.substr(2) : path;
+void removeFile(const std::string &path) {
+  if (store->exists(path)) store->remove(path);
 }
 
 std::string roomFile(const std::string &name) {
@@ -180,7 +178,7 @@ std::string difference(Model &model) {
 std::string contentDifference(const Model &model) {
   for (const auto &[path, file] : model.phone.files) {
     if (file.kind != ModelFile::Kind::text && file.kind != ModelFile::Kind::structure) continue;
-    const std::string text = store->read(realPath(path));
+    const std::string text = store->read(path);
     const bool isStructure = file.kind == ModelFile::Kind::structure;
     if (auto found = unlike(path, isStructure ? roomsIn(text) : text, file.text); !found.empty())
       return found;

@@ -20,8 +20,8 @@ void hearRefusal(char *message);
 /// Fills a slot with the first or the second of its functions.
 void fillSlot(std::size_t slot, int which);
 
-/// "$D" replaced by the documents directory.
-std::string realPath(const std::string &path);
+/// If it is there; as the host may do.
+void removeFile(const std::string &path);
 /// The file that the device reads a room from.
 std::string roomFile(const std::string &name);
 

@@ -29,6 +29,9 @@ inline constexpr std::array kSlots = {"VTLDidStart",
 /// Its place; the name must be one of them.
 std::size_t slotNamed(std::string_view name);
 
+/// Of the screenshot with that number.
+std::string screenshotPath(int number);
+
 class Model {
  public:
   Phone phone;
@@ -51,6 +54,8 @@ class Model {
   bool hasRootViewController = false;
   bool configIsCoachingEnabled = true;  ///< of roomCaptureSessionConfig
   std::string roomInstructionStringResults;
+  std::string nativeScreenshotOutputURL, nativeScreenRecorderOutputURL;
+  std::string previewedPath;    ///< QLModelViewerURL; empty: null
   std::size_t displayLink = 0;  ///< the newest of displayLinkRuns
   std::vector<bool> displayLinkRuns{false};
   /// 0: empty; else which of two functions was set last.
@@ -73,6 +78,12 @@ class Model {
   bool save(const std::string &directory, const std::string &scan);
   void mergeScans(const std::string &data, const std::string &directory, const std::string &scan);
   void setFlashlightStatus(bool isOn);
+  void quickLook(const std::string &text);
+  void share(const std::string &text);
+  void screenshot();
+  void shareScreenshot();
+  void startScreenRecorder();
+  void stopScreenRecorder();
   std::string cameraMatrix();
   std::string projectionMatrix();
   bool isSupportedFrom17();
@@ -134,6 +145,10 @@ class Model {
   void awaitTracking();
   void worldMapArrives(Id arSession, const std::string &path);
 
+  bool present(const char *kind, const std::string &path);
+  void presentEach(const char *kind, const std::string &path, bool isPreviewed, bool isShared);
+  void keepScreenshot();
+
   bool isAlive(Id session) const;
   void runNextEvent();
   template <typename Work>
@@ -141,7 +156,7 @@ class Model {
 
   Thread thread_ = Thread::main;
   bool isViewLoaded_ = false, isWindowClear_ = false, isRootViewTransparent_ = false, ignoresTouches_ = false;
-  int dismissals_ = 0;
+  int dismissals_ = 0, recordings_ = 0;
   std::string scanViewSettings_ = "null", sceneViewSettings_ = "null";
 };
 

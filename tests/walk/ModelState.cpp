@@ -64,15 +64,16 @@ std::string Model::stateJson() const {
   add("customARSession", object(customARSession != 0, "ARSession"));
   add("nativeScreenshot", json(nativeScreenshot));
   add("nativeScreenshotPreview", json(nativeScreenshotPreview));
-  add("nativeScreenshotOutputURL", "\"\"");
-  add("nativeScreenshotActivityItems", "[]");
+  add("nativeScreenshotOutputURL", json(nativeScreenshotOutputURL));
+  add("nativeScreenshotActivityItems",
+      nativeScreenshotOutputURL.empty() ? "[]" : "[" + json(nativeScreenshotOutputURL) + "]");
   add("nativeScreenRecorder", json(nativeScreenRecorder));
   add("nativeScreenRecorderPreview", json(nativeScreenRecorderPreview));
-  add("nativeScreenRecorderOutputURL", "\"\"");
+  add("nativeScreenRecorderOutputURL", json(nativeScreenRecorderOutputURL));
   add("roomFinalStringResults", json(roomFinalStringResults));
   add("roomInstructionStringResults", json(roomInstructionStringResults));
   add("displayLink", object(displayLink != 0, "CADisplayLink"));
-  add("QLModelViewerURL", "null");
+  add("QLModelViewerURL", object(!previewedPath.empty(), previewedPath));
   return out + "}";
 }
 
@@ -97,6 +98,7 @@ std::vector<std::pair<const char *, std::string>> Model::looks() {
       {"roomCaptureSessionConfig.isCoachingEnabled", json(configIsCoachingEnabled)},
       {"renderThreads", std::to_string(std::count(displayLinkRuns.begin(), displayLinkRuns.end(), true))},
       {"device.torch", phone.isLit ? "\"on\"" : "\"off\""},
+      {"screenRecorder.isRecording", json(phone.isRecording)},
       {"window.isClear", json(isWindowClear_)},
       {"rootView.isTransparent", json(isRootViewTransparent_)},
       {"view.ignoresTouches", json(ignoresTouches_)},

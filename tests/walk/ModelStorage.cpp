@@ -11,7 +11,7 @@ constexpr std::string_view kSeparator = "_|+++++AMBER_WREN+++++|_";
 
 /// Each name as one component: slashes at its ends and doubled ones do not count.
 std::string folderOf(const std::string &directory, const std::string &scan) {
-  std::string path = "$D/" + directory + "/" + scan;
+  std::string path = kDocuments + "/" + directory + "/" + scan;
   for (auto slash = path.find("//"); slash != std::string::npos; slash = path.find("//"))
     path.erase(slash, 1);
   while (path.ends_with('/')) path.pop_back();

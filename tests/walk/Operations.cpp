@@ -47,7 +47,8 @@ vantorelBool byteOf(const Step &step) { return static_cast<vantorelBool>(step.nu
 // ---- Folders and merges ----
 
 /// Few, so that folders collide; some are inside others or are files there.
-constexpr std::array kNames = {"a", "b", "a/b", "", "scan.json", "a/scan.json", "b/", "/c"};
+constexpr std::array kNames = {
+    "a", "b", "a/b", "", "scan.json", "a/scan.json", "b/", "/c", "screenshot-2.jpg"};
 
 void drawNames(Step &step, Dice &dice) {
   step.a = dice.of(kNames);
@@ -83,6 +84,34 @@ std::string mergeData(const Step &step) {
       data += name == "blank" ? " " : name;
   }
   return data;
+}
+
+// ---- Media ----
+
+struct Show {
+  const char *name;
+  void (*onLibrary)(const char *) noexcept;
+  void (*onModel)(Model &, const std::string &);
+};
+
+constexpr std::array kShows = {
+    Show{"preview", vtl_QuickLook, [](Model &model, const std::string &text) { model.quickLook(text); }},
+    Show{"file", vtl_shareFile, [](Model &model, const std::string &text) { model.share(text); }},
+    Show{"folder", vtl_shareFolder, [](Model &model, const std::string &text) { model.share(text); }},
+    Show{"screenshot", [](const char *) noexcept { screenshotShareVTL(); },
+         [](Model &model, const std::string &) { model.shareScreenshot(); }}};
+
+const Show &showOf(const Step &step) {
+  return *std::find_if(kShows.begin(), kShows.end(), [&](const Show &show) { return show.name == step.a; });
+}
+
+void drawShow(Step &step, Dice &dice) {
+  step.a = dice.of(kShows).name;
+  step.b = dice.of(std::array{"/documents/garbage", "/documents/WorldMap", "/documents/WorldMap/",
+                              "/documents/a", "/documents/screenshot-1.jpg", "/documents/missing", "",
+                              "/documents/garb%61ge", "file:///documents/garb%61ge", "file:///documents",
+                              "file://localhost/documents/garbage", "file://elsewhere/documents/garbage",
+                              "file:///documents/50%", "file:///documents/%zz%4", "https://example.org"});
 }
 
 // ---- The device ----
@@ -122,7 +151,7 @@ void drawFault(Step &step, Dice &dice) {
   static constexpr std::array kCalls = {
       "documentsDirectory", "createDirectory", "writeFile",       "removeFile",     "readFile", "encodeRoom",
       "exportRoom",         "encodeStructure", "exportStructure", "buildStructure", "archive",  "unarchive",
-      "unarchiveNone",      "loadView",        "loadRootView"};
+      "unarchiveNone",      "loadView",        "loadRootView",    "screenshot",     "recording"};
   step.a = dice.of(kCalls);
   step.number = static_cast<int>(dice.of(std::array{0, 1, 1, 2}) * 10 + dice.of(std::array{0, 0, 1, 2}));
 }
@@ -173,16 +202,17 @@ const std::vector<Operation> kOperations = {
      [](Model &model, const Step &) { model.createNewRoomCaptureSession(); }},
     {"startMap",
      [](Step &step, Dice &dice) {
-       step.a = dice.of(std::array{"$D/WorldMap/scan", "$D/WorldMap/scan", "$D/WorldMap/scan", "$D/garbage",
-                                   "$D/WorldMap", "$D/missing", "", "/n", " "});
+       step.a = dice.of(std::array{"/documents/WorldMap/scan", "/documents/WorldMap/scan",
+                                   "/documents/WorldMap/scan", "/documents/garbage", "/documents/WorldMap",
+                                   "/documents/missing", "", "/n", " "});
      },
-     [](const Step &step) { startCaptureSessionWithARWorldMap(realPath(step.a).c_str()); },
+     [](const Step &step) { startCaptureSessionWithARWorldMap(step.a.c_str()); },
      [](Model &model, const Step &step) { model.startCaptureSessionWithARWorldMap(step.a); }},
     {"stopMap",
      [](Step &step, Dice &dice) {
-       step.a = dice.of(std::array{"$D/", "$D/", "$D/deep", "$D/missing/"});
+       step.a = dice.of(std::array{"/documents/", "/documents/", "/documents/deep", "/documents/missing/"});
      },
-     [](const Step &step) { stopCaptureSessionWithARWorldMap(realPath(step.a).c_str()); },
+     [](const Step &step) { stopCaptureSessionWithARWorldMap(step.a.c_str()); },
      [](Model &model, const Step &step) { model.stopCaptureSessionWithARWorldMap(step.a); }},
     {"save", drawNames, [](const Step &step) { saveRoomPlanExperience(step.a.c_str(), step.b.c_str()); },
      [](Model &model, const Step &step) { model.save(step.a, step.b); }},
@@ -194,6 +224,22 @@ const std::vector<Operation> kOperations = {
      [](Model &model, const Step &step) { model.mergeScans(mergeData(step), step.a, step.b); }},
     {"torch", drawByte, [](const Step &step) { setFlashlightStatus(byteOf(step)); },
      [](Model &model, const Step &step) { model.setFlashlightStatus(step.number & 1); }},
+    {"show", drawShow, [](const Step &step) { showOf(step).onLibrary(step.b.c_str()); },
+     [](Model &model, const Step &step) { showOf(step).onModel(model, step.b); }, false, 4},
+    {"screenshot", drawNothing, [](const Step &) { screenshotVTL(); },
+     [](Model &model, const Step &) { model.screenshot(); }, false, 20},
+    {"removeScreenshot",
+     [](Step &step, Dice &dice) {
+       step.number = dice.of(std::array{1, 3});  // 2 may be a folder
+     },
+     [](const Step &step) { removeFile(screenshotPath(step.number)); },
+     [](Model &model, const Step &step) { model.phone.files.erase(screenshotPath(step.number)); }, false, 20},
+    {"record", [](Step &step, Dice &dice) { step.number = static_cast<int>(dice.below(2)); },
+     [](const Step &step) { step.number ? startScreenRecorderVTL() : stopScreenRecorderVTL(); },
+     [](Model &model, const Step &step) {
+       step.number ? model.startScreenRecorder() : model.stopScreenRecorder();
+     },
+     false, 4},
     {"camera", [](Step &step, Dice &dice) { step.number = static_cast<int>(dice.below(2)); },
      [](const Step &step) {
        hearResult(step.number ? getVTLARCameraMatrixRuntime() : getVTLARCameraProjectionMatrixRuntime());
@@ -215,8 +261,10 @@ const std::vector<Operation> kOperations = {
        if (step.number == 0) model.say("= Vantorel 1.3.0");
        if (step.number == 1) model.say(model.phone.hasLidar ? "= 1" : "= 0");
        if (step.number == 2 || step.number == 3) model.say(model.isSupportedFrom17() ? "= 1" : "= 0");
-       if (step.number > 3) model.say("= ");
-     }},
+       if (step.number == 4) model.say("= " + model.nativeScreenshotOutputURL);
+       if (step.number == 5) model.say("= " + model.nativeScreenRecorderOutputURL);
+     },
+     false, 2},
     {"callback",
      [](Step &step, Dice &dice) {
        step.a = dice.of(kSlots);

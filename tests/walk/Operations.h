@@ -1,4 +1,4 @@
-// What a walk can do: every exported function but the media's, and everything the device can be told.
+// What a walk can do: every exported function, and everything the device can be told.
 #pragma once
 
 #include "walk/Model.h"
@@ -27,7 +27,7 @@ class Dice {
 
 struct Step {
   std::size_t operation = 0;
-  std::string a{}, b{}, c{};  ///< arguments; "$D" stands for the documents directory
+  std::string a{}, b{}, c{};  ///< arguments
   int number = 0;
 };
 
@@ -37,12 +37,13 @@ struct Operation {
   void (*library)(const Step &);         ///< on the real thing
   void (*model)(Model &, const Step &);  ///< on the model
   bool dependsOnPresence = false;        ///< what it does depends on isPresent
+  int weight = 1;                        ///< each time counts as so many: for what is slow, or simple
 };
 
 const std::vector<Operation> &operations();
 /// The place of the operation of that name.
 std::size_t operationNamed(std::string_view name);
-/// As "stopMap '$D/'".
+/// As "stopMap '/documents/'".
 std::string toText(const Step &step);
 
 }  // namespace vantorel::walk

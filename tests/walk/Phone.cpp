@@ -3,6 +3,7 @@
 #include "walk/Model.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 namespace vantorel::walk {
@@ -138,7 +139,29 @@ void Phone::arrangeWindow() {
     windowSubviews.insert(windowSubviews.begin(), "host");
 }
 
+// ---- Screen recorder: completions come later, errors are texts ----
+
+void Phone::startRecording(RecorderAnswer answer) {
+  const std::string error = fails("recording") ? "the person declined"
+                            : isRecording      ? "a recording runs already"
+                                               : "";
+  if (error.empty()) isRecording = true;
+  post(Thread::completion, [answer, error](Model &model) { answer(model, error); });
+}
+
+void Phone::stopRecording(const std::string &path, RecorderAnswer answer) {
+  const std::string error = isRecording ? "" : "no recording runs";
+  if (error.empty()) write(path, {ModelFile::Kind::other});
+  isRecording = false;
+  post(Thread::completion, [answer, error](Model &model) { answer(model, error); });
+}
+
 // ---- Files ----
+
+std::string temporaryFolder() {
+  const std::filesystem::path folder = std::filesystem::temp_directory_path();
+  return (folder.has_filename() ? folder : folder.parent_path()).string();
+}
 
 /// With all above it; a file in the way stops it.
 bool Phone::createFolder(const std::string &path) {

@@ -29,6 +29,10 @@ const char *nameOf(Thread thread);
 using Id = std::size_t;
 inline constexpr Id kHostARSession = 1;
 
+inline const std::string kRoot, kDocuments = "/documents";
+/// Without a slash at the end.
+std::string temporaryFolder();
+
 struct ModelARSession {
   bool hasFrame = false, hasDelegate = false;
   Time limitedUntil = 0;              ///< by a world map that is being recognised
@@ -121,9 +125,15 @@ struct Phone {
   void remove(Id view) { std::erase(controllerSubviews, view); }
   void arrangeWindow();
 
-  // ---- Files; "$D" is the documents directory ----
+  // ---- Screen recorder ----
+  bool isRecording = false;
+  using RecorderAnswer = std::function<void(Model &, const std::string &error)>;  ///< empty: none
+  void startRecording(RecorderAnswer answer);
+  void stopRecording(const std::string &path, RecorderAnswer answer);
+
+  // ---- Files ----
   std::map<std::string, ModelFile> files;
-  std::set<std::string> folders{"$D"};
+  std::set<std::string> folders{kRoot};
   bool exists(const std::string &path) const { return files.count(path) || folders.count(path); }
   bool createFolder(const std::string &path);
   bool write(const std::string &path, ModelFile file);

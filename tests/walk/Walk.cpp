@@ -14,8 +14,10 @@ constexpr std::size_t kEpisodeLength = 300;
 Model switchedOn(int ios) {
   Model model;
   model.phone.ios = ios;
-  model.phone.folders.insert({"$D/WorldMap", "$D/deepWorldMap"});
-  model.phone.files["$D/garbage"] = {ModelFile::Kind::text, "no world map"};
+  for (const std::string &folder :
+       {kDocuments, kDocuments + "/WorldMap", kDocuments + "/deepWorldMap", temporaryFolder()})
+    model.phone.createFolder(folder);
+  model.phone.files[kDocuments + "/garbage"] = {ModelFile::Kind::text, "no world map"};
   switchOn(model);
   return model;
 }
