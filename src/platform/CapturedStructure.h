@@ -25,9 +25,8 @@ class StructureBuilder {
  public:
   virtual ~StructureBuilder() = default;
   /// Calls `completion` once, later, on a thread of the platform's; with null when the rooms cannot be merged.
-  virtual void capturedStructure(
-      std::vector<std::shared_ptr<CapturedRoom>> rooms,
-      std::function<void(std::shared_ptr<CapturedStructure>)> completion) = 0;
+  virtual void capturedStructure(std::vector<std::shared_ptr<CapturedRoom>> rooms,
+                                 std::function<void(std::shared_ptr<CapturedStructure>)> completion) = 0;
 };
 
 }  // namespace vantorel
