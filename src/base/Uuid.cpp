@@ -1,18 +1,13 @@
 #include "base/Uuid.h"
 
+#include "base/HexDigit.h"
+
 namespace vantorel {
 namespace {
 
 constexpr std::size_t kTextLength = 36;
 
 bool isHyphenPlace(std::size_t i) { return i == 8 || i == 13 || i == 18 || i == 23; }
-
-std::optional<std::uint8_t> hexDigit(char c) {
-  if (c >= '0' && c <= '9') return static_cast<std::uint8_t>(c - '0');
-  if (c >= 'A' && c <= 'F') return static_cast<std::uint8_t>(c - 'A' + 10);
-  if (c >= 'a' && c <= 'f') return static_cast<std::uint8_t>(c - 'a' + 10);
-  return std::nullopt;
-}
 
 }  // namespace
 

@@ -63,7 +63,8 @@ struct Job {
   };
 };
 
-/// What a job waits for, as a variable of its own: GCC 12 mishandles temporaries in a co_await. `ask` gets a function to be called once, on any thread, with the answer.
+/// What a job waits for, as a variable of its own: GCC 12 mishandles temporaries in a co_await. `ask`
+/// gets a function to be called once, on any thread, with the answer.
 template <typename T>
 class Answer {
  public:

@@ -17,11 +17,11 @@ Answer<Structure> structureOf(std::shared_ptr<StructureBuilder> builder, Rooms r
 }
 
 /// Owns all that it works on: what the controller's names become meanwhile does not matter.
-Job mergeTexts(MainQueue &, Platform &platform, std::string data, std::string directoryName,
+Job mergeTexts(MainQueue &, Platform &platform, std::vector<std::string> texts, std::string directoryName,
                std::string scanName) {
   const auto builder = platform.makeStructureBuilder();
   Rooms rooms;
-  for (const std::string_view text : splitRoomTexts(data))
+  for (const auto &text : texts)
     if (auto room = loadCapturedRoom(platform, text)) rooms.push_back(std::move(room));
   if (rooms.empty()) {
     platform.console().print("Structure data is empty.");
@@ -49,7 +49,8 @@ Job mergeSession(MainQueue &, Platform &platform, std::shared_ptr<VTLViewControl
 
 void VTLViewController::MergeScans(const std::string &data, const std::string &directory,
                                    const std::string &scan) {
-  if (!splitRoomTexts(data).empty()) mergeTexts(platform_.mainQueue(), platform_, data, directory, scan);
+  auto texts = splitRoomTexts(data);
+  if (!texts.empty()) mergeTexts(platform_.mainQueue(), platform_, std::move(texts), directory, scan);
 }
 
 void VTLViewController::MergeScansInCapturedRoomSession() {

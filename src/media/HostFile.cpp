@@ -1,23 +1,16 @@
 #include "media/HostFile.h"
 
+#include "base/HexDigit.h"
 #include "base/Utf8.h"
 #include "media/MediaLines.h"
 
 namespace vantorel {
 namespace {
 
-/// Nothing when the digit is no hexadecimal one.
-std::optional<int> valueOf(char digit) {
-  if (digit >= '0' && digit <= '9') return digit - '0';
-  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-  return std::nullopt;
-}
-
 /// The character of the escape that begins the text. No path holds a NUL, so "%00" is none.
 std::optional<char> escapeAt(std::string_view text) {
   if (text.size() < 3 || text[0] != '%') return std::nullopt;
-  const auto high = valueOf(text[1]), low = valueOf(text[2]);
+  const auto high = hexDigit(text[1]), low = hexDigit(text[2]);
   if (!high || !low || *high + *low == 0) return std::nullopt;
   return static_cast<char>(*high * 16 + *low);
 }

@@ -17,12 +17,12 @@ std::shared_ptr<CapturedRoom> decoded(Platform &platform, std::string_view text)
 
 }  // namespace
 
-std::vector<std::string_view> splitRoomTexts(std::string_view data) {
-  std::vector<std::string_view> texts;
+std::vector<std::string> splitRoomTexts(std::string_view data) {
+  std::vector<std::string> texts;
   for (std::size_t begin = 0; begin <= data.size();) {
     const std::size_t end = std::min(data.find(kRoomSeparator, begin), data.size());
     const std::string_view piece = data.substr(begin, end - begin);
-    if (!piece.empty() && piece != " ") texts.push_back(piece);
+    if (!piece.empty() && piece != " ") texts.emplace_back(piece);
     begin = end + kRoomSeparator.size();
   }
   return texts;

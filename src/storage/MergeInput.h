@@ -12,8 +12,8 @@ namespace vantorel {
 /// What the host puts between the room texts that it wants merged.
 inline constexpr std::string_view kRoomSeparator = "_|+++++AMBER_WREN+++++|_";
 
-/// The pieces between the separators, less those that are empty or one blank. They point into `data`.
-std::vector<std::string_view> splitRoomTexts(std::string_view data);
+/// The pieces between the separators, less those that are empty or one blank.
+std::vector<std::string> splitRoomTexts(std::string_view data);
 
 /// The room of a text, and its identifier on the console; null and "Data is empty." when the text is none.
 std::shared_ptr<CapturedRoom> loadCapturedRoom(Platform &platform, std::string_view text);

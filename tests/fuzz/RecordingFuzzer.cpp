@@ -1,4 +1,5 @@
 // Any text either is refused or becomes a recording whose text reads back as the same recording.
+#include "../support/RecordingText.h"
 #include "platform/simulated/Recording.h"
 #include "platform/simulated/RecordingWriter.h"
 #include "rooms/RoomReader.h"
@@ -10,7 +11,8 @@ namespace {
 
 using namespace vantorel;
 
-using Runs = std::vector<std::shared_ptr<const RecordedRun>>;
+using testing::Runs;
+using testing::written;
 
 std::optional<Runs> readIfPossible(std::string_view text) {
   try {
@@ -19,19 +21,6 @@ std::optional<Runs> readIfPossible(std::string_view text) {
     if (error.line == 0 || error.column == 0) std::abort();
     return std::nullopt;
   }
-}
-
-std::string written(const Runs &runs) {
-  RecordingWriter writer;
-  std::string text = std::string(kRecordingHeader) + "\n";
-  for (const auto &run : runs) {
-    text += writer.runLine(run->cameraAt(0)) + "\n";
-    for (std::size_t i = 0; i < run->steps().size(); ++i) {
-      const auto &step = run->steps()[i];
-      text += writer.eventLine(step, run->cameraAt(step.due), run->seenAt(i)) + "\n";
-    }
-  }
-  return text;
 }
 
 }  // namespace

@@ -2,13 +2,15 @@
 #include "platform/simulated/RecordingWriter.h"
 #include "rooms/RoomReader.h"
 #include "rooms/RoomWriter.h"
+#include "support/RecordingText.h"
 
 #include <gtest/gtest.h>
 
 namespace vantorel {
 namespace {
 
-using Runs = std::vector<std::shared_ptr<const RecordedRun>>;
+using testing::Runs;
+using testing::written;
 
 const std::string kRoom =
     R"("room":{"doors":[],"objects":[],"openings":[],"version":2,"walls":[],"windows":[]}})";
@@ -16,20 +18,6 @@ const std::string kRoom =
 std::string poseAt(int x) { return "[1,0,0,0,0,1,0,0,0,0,1,0," + std::to_string(x) + ",0,0,1]"; }
 
 std::string recording(const std::string &lines) { return std::string(kRecordingHeader) + "\n" + lines; }
-
-/// Everything that the runs say, written again.
-std::string written(const Runs &runs) {
-  RecordingWriter writer;
-  std::string text = recording("");
-  for (const auto &run : runs) {
-    text += writer.runLine(run->cameraAt(0)) + "\n";
-    for (std::size_t i = 0; i < run->steps().size(); ++i) {
-      const auto &step = run->steps()[i];
-      text += writer.eventLine(step, run->cameraAt(step.due), run->seenAt(i)) + "\n";
-    }
-  }
-  return text;
-}
 
 TEST(Recording, ComesBackAsItWasWritten) {
   const std::string model =

@@ -23,9 +23,8 @@ std::shared_ptr<WorldMap> wrapped(Handle map) {
 }  // namespace
 
 std::string AppleWorldMap::archivedData() const {
-  std::string bytes;
-  orThrow([&](void *error) { return vantorel_swift_world_map_archive(handle(), &bytes, error); });
-  return bytes;
+  return textFrom(
+      [&](void *bytes, void *error) { return vantorel_swift_world_map_archive(handle(), bytes, error); });
 }
 
 std::shared_ptr<WorldMap> unarchivedWorldMap(std::string_view bytes) {

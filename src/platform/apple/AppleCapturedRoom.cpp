@@ -61,9 +61,8 @@ Uuid AppleCapturedRoom::identifier() const {
 }
 
 std::string AppleCapturedRoom::jsonText() const {
-  std::string text;
-  orThrow([&](void *error) { return vantorel_swift_room_json(room_.get(), &text, error); });
-  return text;
+  return textFrom(
+      [&](void *text, void *error) { return vantorel_swift_room_json(room_.get(), text, error); });
 }
 
 CapturedRoomContent AppleCapturedRoom::content() const {

@@ -5,9 +5,8 @@
 namespace vantorel::apple {
 
 std::string AppleCapturedStructure::jsonText() const {
-  std::string text;
-  orThrow([&](void *error) { return vantorel_swift_structure_json(structure_.get(), &text, error); });
-  return text;
+  return textFrom(
+      [&](void *text, void *error) { return vantorel_swift_structure_json(structure_.get(), text, error); });
 }
 
 void AppleCapturedStructure::writeUsdz(const std::string &path, const std::string &metadataPath) const {

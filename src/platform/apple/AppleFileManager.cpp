@@ -4,11 +4,7 @@
 
 namespace vantorel::apple {
 
-std::string AppleFileManager::documentsDirectory() {
-  std::string path;
-  orThrow([&](void *error) { return vantorel_swift_documents_directory(&path, error); });
-  return path;
-}
+std::string AppleFileManager::documentsDirectory() { return textFrom(vantorel_swift_documents_directory); }
 
 std::string AppleFileManager::temporaryDirectory() {
   std::string path;
@@ -25,9 +21,8 @@ void AppleFileManager::createDirectory(const std::string &path) {
 }
 
 std::string AppleFileManager::readFile(const std::string &path) {
-  std::string bytes;
-  orThrow([&](void *error) { return vantorel_swift_read_file(path.c_str(), &bytes, error); });
-  return bytes;
+  return textFrom(
+      [&](void *bytes, void *error) { return vantorel_swift_read_file(path.c_str(), bytes, error); });
 }
 
 void AppleFileManager::removeItem(const std::string &path) {

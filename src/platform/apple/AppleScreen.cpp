@@ -139,9 +139,8 @@ Rect AppleScreen::bounds() { return rect(vantorel_swift_screen_bounds()); }
 std::string AppleScreen::screenshotJpeg() {
   const Handle window(vantorel_swift_first_window());
   if (!window) throw PlatformError("there is no window");
-  std::string bytes;
-  orThrow([&](void *error) { return vantorel_swift_window_jpeg(window.get(), &bytes, error); });
-  return bytes;
+  return textFrom(
+      [&](void *bytes, void *error) { return vantorel_swift_window_jpeg(window.get(), bytes, error); });
 }
 
 InterfaceOrientation AppleScreen::orientation() {

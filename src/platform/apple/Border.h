@@ -55,6 +55,14 @@ void orThrow(Call call) {
   if (!call(&error)) throw PlatformError(error);
 }
 
+/// The text or bytes that `call(text, error)` writes; where it returns false, its error is thrown.
+template <typename Call>
+std::string textFrom(Call call) {
+  std::string text;
+  orThrow([&](void *error) { return call(&text, error); });
+  return text;
+}
+
 /// Platform::stop, as a function of which every compiler knows that it does not return.
 [[noreturn]] void stopProcess(std::string_view message);
 

@@ -10,9 +10,9 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kLongestFile = std::size_t{1} << 30;
 
-std::error_code lastError() { return {errno ? errno : EIO, std::generic_category()}; }
-
 }  // namespace
+
+std::error_code lastFileError() { return {errno ? errno : EIO, std::generic_category()}; }
 
 fs::path pathOf(const std::string &text) { return fs::path(std::u8string(text.begin(), text.end())); }
 
@@ -37,7 +37,7 @@ void DiskFiles::createDirectories(const std::string &path) {
 std::string DiskFiles::read(const std::string &path) {
   errno = 0;
   std::ifstream file(pathOf(path), std::ios::binary);
-  if (!file) throw fileError("read", path, lastError());
+  if (!file) throw fileError("read", path, lastFileError());
   std::string bytes;
   char part[1 << 16];
   while (file.read(part, sizeof part) || file.gcount() > 0) {
@@ -45,7 +45,7 @@ std::string DiskFiles::read(const std::string &path) {
     if (bytes.size() > kLongestFile)
       throw fileError("read", path, std::make_error_code(std::errc::file_too_large));
   }
-  if (!file.eof()) throw fileError("read", path, lastError());
+  if (!file.eof()) throw fileError("read", path, lastFileError());
   return bytes;
 }
 
@@ -54,7 +54,7 @@ void DiskFiles::write(const std::string &path, std::string_view bytes) {
   std::ofstream file(pathOf(path), std::ios::binary | std::ios::trunc);
   if (file) file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();  // a full disk may show only here
-  if (!file) throw fileError("write", path, lastError());
+  if (!file) throw fileError("write", path, lastFileError());
 }
 
 void DiskFiles::remove(const std::string &path) {

@@ -17,6 +17,9 @@ class DiskFiles : public FileStore {
   void remove(const std::string &path) override;
 };
 
+/// Why the last call of a file stream failed, when errno was 0 before it.
+std::error_code lastFileError();
+
 /// Paths are UTF-8 on every system.
 std::filesystem::path pathOf(const std::string &text);
 std::string textOf(const std::filesystem::path &path);

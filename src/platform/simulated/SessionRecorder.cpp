@@ -14,8 +14,6 @@ namespace {
 /// A recording has its name once it is whole: until then an older one of that name can still be played.
 std::string partOf(const std::string &path) { return path + ".part"; }
 
-std::string lastError() { return std::generic_category().message(errno ? errno : EIO); }
-
 }  // namespace
 
 // ---- The file ----
@@ -29,7 +27,7 @@ std::optional<std::string> SessionRecorder::start(const std::string &path) {
   lines_ = bytes_ = 0;
   errno = 0;
   file_.open(pathOf(partOf(path)), std::ios::binary | std::ios::trunc);
-  file_ ? write(std::string(kRecordingHeader)) : fail(lastError());
+  file_ ? write(std::string(kRecordingHeader)) : fail(lastFileError().message());
   if (failure_) file_.close();
   return std::exchange(failure_, std::nullopt);
 }
@@ -39,7 +37,7 @@ std::optional<std::string> SessionRecorder::end() {
   if (!file_.is_open()) return std::nullopt;
   errno = 0;
   file_.close();
-  if (!file_ && !failure_) fail(lastError());
+  if (!file_ && !failure_) fail(lastFileError().message());
   std::error_code error;
   if (!failure_) std::filesystem::rename(pathOf(partOf(path_)), pathOf(path_), error);
   if (error) fail(error.message());
@@ -53,7 +51,7 @@ void SessionRecorder::write(const std::string &line) {
   if (bytes_ > kLongestRecording) return fail("it would be larger than 1 GiB");
   errno = 0;
   file_ << line << '\n' << std::flush;
-  if (!file_) fail(lastError());
+  if (!file_) fail(lastFileError().message());
 }
 
 void SessionRecorder::fail(const std::string &reason) {

@@ -11,8 +11,6 @@ namespace {
 constexpr double kImageAspect = 4.0 / 3;
 constexpr double kLongFieldOfView = 67 * std::numbers::pi / 180;
 
-constexpr Float4x4 kIdentity = {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
-
 constexpr Scheduler::Time kRelocalisation = 2 * Scheduler::kSecond, kMapTime = Scheduler::kSecond / 2;
 
 /// The same in every process: of version 8, which leaves the digits to their maker.
@@ -31,7 +29,7 @@ bool isLandscape(InterfaceOrientation orientation) {
 }  // namespace
 
 SimulatedARSession::SimulatedARSession(DeviceParts &device)
-    : device_(device), space_{spaceNumbered(++device.arSessionCount), kIdentity} {}
+    : device_(device), space_{spaceNumbered(++device.arSessionCount), kCameraAtOrigin} {}
 
 // ---- Frames ----
 
