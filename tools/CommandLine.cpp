@@ -154,6 +154,7 @@ std::string usageText(const CLI::App &app, const CLI::ParseError &error) {
 int runCommandLine(int argc, const char *const *argv) {
   CLI::App app("Scans rooms on a simulated iPhone through the library's exported functions.", "vantorel");
   app.set_version_flag("--version", version);
+  app.allow_windows_style_options(false);  // the same options on every system
   app.require_subcommand(1);
   app.footer(
       "COMMAND --help explains a command.\n"

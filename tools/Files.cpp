@@ -1,6 +1,9 @@
 #include "Files.h"
 
+#include "base/Utf8Path.h"
+
 #include <cerrno>
+#include <filesystem>
 #include <stdexcept>
 #include <system_error>
 
@@ -17,10 +20,11 @@ std::string errorText(int number) { return std::generic_category().message(numbe
 
 std::ifstream openFile(const std::string &path) {
   errno = 0;
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(pathOf(path), std::ios::binary);
   if (!file) refuse(path, errno);
   std::error_code ignored;
-  if (std::filesystem::is_directory(path, ignored)) refuse(path, EISDIR);  // it opens but cannot be read
+  if (std::filesystem::is_directory(pathOf(path), ignored))
+    refuse(path, EISDIR);  // it opens but cannot be read
   return file;
 }
 
@@ -37,10 +41,11 @@ std::string readFile(const std::string &path) {
   return bytes;
 }
 
-std::map<std::string, std::uintmax_t> fileSizes(const std::filesystem::path &folder) {
+std::map<std::string, std::uintmax_t> fileSizes(const std::string &folderPath) {
+  const std::filesystem::path folder = pathOf(folderPath);
   std::map<std::string, std::uintmax_t> sizes;
   for (const auto &entry : std::filesystem::recursive_directory_iterator(folder)) {
-    const std::string path = entry.path().lexically_relative(folder).generic_string();
+    const std::string path = textOf(entry.path().lexically_relative(folder));
     if (entry.is_regular_file()) sizes[path] = entry.file_size();
   }
   return sizes;

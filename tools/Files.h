@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <fstream>
 #include <map>
 #include <string>
@@ -19,6 +18,6 @@ std::string readFile(const std::string &path);
 
 /// The regular files below a folder: their paths from there, sorted by bytes, and their sizes. Throws
 /// std::filesystem::filesystem_error where it cannot look.
-std::map<std::string, std::uintmax_t> fileSizes(const std::filesystem::path &folder);
+std::map<std::string, std::uintmax_t> fileSizes(const std::string &folder);
 
 }  // namespace vantorel

@@ -8,6 +8,7 @@
 #include "LibraryCalls.h"
 #include "ScanProgress.h"
 #include "ScanSummary.h"
+#include "base/Utf8Path.h"
 #include "rooms/RoomReader.h"
 
 #include <cerrno>
@@ -48,7 +49,7 @@ std::string existsText(const std::string &folder) {
 
 void expectNoFolder(const std::string &folder) {
   std::error_code error;
-  const fs::file_type type = fs::symlink_status(folder, error).type();
+  const fs::file_type type = fs::symlink_status(pathOf(folder), error).type();
   if (type == fs::file_type::none)
     throw std::runtime_error("cannot save in " + folder + ": " + error.message());
   if (type != fs::file_type::not_found) throw std::runtime_error(existsText(folder));
@@ -58,9 +59,9 @@ void expectNoFolder(const std::string &folder) {
 /// any more.
 std::string obstacle(const std::string &folder) {
   std::error_code error;
-  fs::create_directories(folder, error);
+  fs::create_directories(pathOf(folder), error);
   if (!error && access(folder.c_str(), W_OK) != 0) error.assign(errno, std::generic_category());
-  if (!error && fs::space(folder, error).available == 0)
+  if (!error && fs::space(pathOf(folder), error).available == 0)
     error = std::make_error_code(std::errc::no_space_on_device);
   return error ? ": " + error.message() : "";
 }

@@ -5,7 +5,8 @@
  *  (1) Texts in are NUL-terminated UTF-8, read during the call and never kept. Ill-formed UTF-8 is repaired
  *      (U+FFFD), never refused. A null pointer is not allowed.
  *  (2) Texts out, as results or to the two text callbacks, are fresh heap copies. The host frees each one with
- *      the C library's free(). An empty text is one NUL byte, never a null pointer.
+ *      the C library's free(), which on Windows is that of msvcrt.dll and not of the Universal C Runtime. An empty
+ *      text is one NUL byte, never a null pointer.
  *  (3) Booleans are one byte. Only bit 0 counts on the way in, so 2 means false; results are 0 or 1.
  *  (4) Functions run on the thread that calls them: call from the main thread. Only initializeVTL and disposeVTL
  *      do their work later, on the main queue; a merge, a scan that starts from a world map, and the end of a
@@ -25,8 +26,10 @@
 
 #include <stdint.h>
 
-#if defined(_WIN32)
+#if defined(_WIN32) && defined(VANTOREL_BUILD) /* only while the library itself is built */
 #define VANTOREL_EXPORT __declspec(dllexport)
+#elif defined(_WIN32)
+#define VANTOREL_EXPORT __declspec(dllimport)
 #else
 #define VANTOREL_EXPORT __attribute__((visibility("default")))
 #endif

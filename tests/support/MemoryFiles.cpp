@@ -1,6 +1,6 @@
 #include "support/MemoryFiles.h"
 
-#include "platform/simulated/DiskFiles.h"
+#include "base/Utf8Path.h"
 
 #include <algorithm>
 

@@ -1,5 +1,7 @@
 #include "platform/simulated/DiskFiles.h"
 
+#include "base/Utf8Path.h"
+
 #include <cerrno>
 #include <fstream>
 
@@ -13,13 +15,6 @@ constexpr std::size_t kLongestFile = std::size_t{1} << 30;
 }  // namespace
 
 std::error_code lastFileError() { return {errno ? errno : EIO, std::generic_category()}; }
-
-fs::path pathOf(const std::string &text) { return fs::path(std::u8string(text.begin(), text.end())); }
-
-std::string textOf(const fs::path &path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
 
 bool DiskFiles::exists(const std::string &path) {
   std::error_code ignored;

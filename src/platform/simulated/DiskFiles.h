@@ -2,7 +2,8 @@
 
 #include "platform/simulated/FileStore.h"
 
-#include <filesystem>
+#include <string>
+#include <system_error>
 
 namespace vantorel {
 
@@ -19,9 +20,5 @@ class DiskFiles : public FileStore {
 
 /// Why the last call of a file stream failed, when errno was 0 before it.
 std::error_code lastFileError();
-
-/// Paths are UTF-8 on every system.
-std::filesystem::path pathOf(const std::string &text);
-std::string textOf(const std::filesystem::path &path);
 
 }  // namespace vantorel

@@ -1,5 +1,6 @@
 #include "platform/simulated/SessionRecorder.h"
 
+#include "base/Utf8Path.h"
 #include "platform/simulated/DiskFiles.h"
 #include "platform/simulated/Recording.h"
 

@@ -1,5 +1,7 @@
 #include "platform/simulated/SimulatedFiles.h"
 
+#include "base/Utf8Path.h"
+
 #include <filesystem>
 #include <system_error>
 

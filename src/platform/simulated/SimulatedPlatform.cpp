@@ -13,12 +13,18 @@
 namespace vantorel {
 namespace {
 
+#ifdef _WIN32  // has ended all other threads by then, and a library that is being unloaded cannot wait for any
+constexpr bool kThreadsLiveAtExit = false;
+#else
+constexpr bool kThreadsLiveAtExit = true;
+#endif
+
 /// Ends the device's threads when the process exits or the library is unloaded. The platform itself stays,
 /// since objects of the plug-in may still refer to it.
 struct ThreadsEnd {
   SimulatedPlatform &platform;
   ~ThreadsEnd() {
-    if (Scheduler::isInsideWork()) return;  // exit() was called there
+    if (!kThreadsLiveAtExit || Scheduler::isInsideWork()) return;  // inside: exit() was called there
     platform.observedConsole().setMuted(true);
     platform.parts().scheduler.shutDown();
   }

@@ -1,0 +1,5 @@
+#include "StandardStreams.h"
+
+#include <csignal>
+
+void vantorel::prepareStandardStreams() { std::signal(SIGPIPE, SIG_IGN); }
