@@ -43,6 +43,12 @@ VANTOREL_EXPORT const char *vantorelDeviceThread(void) VANTOREL_NOEXCEPT;
  * Default 0. Takes effect at the next power cycle and stays. */
 VANTOREL_EXPORT void vantorelDeviceSetFreeRunning(vantorelBool value) VANTOREL_NOEXCEPT;
 
+/** 1: what ends the process on an iPhone crashes the simulated one alone, so that an editor lives on: the message
+ * goes to standard error, all of the device's work is dropped, the functions of vantorel.h do nothing and answer
+ * 0 or an empty text, and time is refused, until the power cycle. State "device.crash" is the message, else
+ * null. Default 0. Takes effect at once and stays. */
+VANTOREL_EXPORT void vantorelDeviceSetCrashContained(vantorelBool value) VANTOREL_NOEXCEPT;
+
 /** Sleeps up to this long (real time) at every hand-over, drawn from `seed`, to show that results do not
  * depend on timing. 0: never (default). Takes effect at once and stays. */
 VANTOREL_EXPORT void vantorelDeviceSetHandoverSleep(uint32_t microseconds, uint32_t seed) VANTOREL_NOEXCEPT;
@@ -59,7 +65,7 @@ VANTOREL_EXPORT void vantorelDeviceSetObserver(vantorelDeviceObserver observer) 
 
 /** JSON of one value: a property of the controller by its name, or "window.subviews", "view.subviews",
  *  "captureSession.isRunning", "roomCaptureSessionConfig.isCoachingEnabled", "renderThreads", "device.torch",
- *  "screenRecorder.isRecording",
+ *  "screenRecorder.isRecording", "device.crash",
  *  "recording.playedEvents" (of the recording that was set last; null without one),
  *  "roomCaptureView.subviews" (hidden ones are marked); or what the library told the platform:
  *  "window.isClear", "rootView.isTransparent", "view.ignoresTouches", "navigationController.dismissals",

@@ -25,6 +25,11 @@ Plugin &plugin() { return *instance(); }
 
 void restartPlugin() { instance() = std::make_unique<Plugin>(); }
 
+void stopPlugin() {
+  plugin().hasStopped = true;
+  throw PluginStopped();
+}
+
 std::optional<std::string> pluginState(std::string_view name) {
   return stateJson(plugin().viewController(), name);
 }

@@ -2,6 +2,7 @@
 
 #include "bridge/CallbackRegistry.h"
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -13,6 +14,7 @@ class VTLViewController;
 class Plugin {
  public:
   CallbackRegistry callbacks;
+  std::atomic<bool> hasStopped = false;  ///< where the platform's stop leaves the process alive
 
   /// Made on first use, from any thread, and kept: a dispose and a later initialise meet the same object.
   VTLViewController &viewController();

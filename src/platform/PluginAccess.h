@@ -12,6 +12,13 @@ namespace vantorel {
 /// with no work of the old controller left anywhere.
 void restartPlugin();
 
+/// Unwinds a thread whose plug-in has stopped in a process that goes on; ends at the exported function or at the
+/// work that the thread was in.
+struct PluginStopped {};
+
+/// From here to the restart exported functions answer false or an empty text and do nothing. Any thread.
+[[noreturn]] void stopPlugin();
+
 /// The compact JSON of one property of the controller (or "roomCaptureSessionConfig.isCoachingEnabled"), of
 /// all 36 as an object for an empty name, or nothing for an unknown name. Main thread.
 std::optional<std::string> pluginState(std::string_view name);

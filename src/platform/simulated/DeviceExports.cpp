@@ -44,6 +44,12 @@ std::optional<std::string> refusalInside(const char *function) {
   return std::string(function) + " is not for callbacks";
 }
 
+/// What needs a device that works.
+std::optional<std::string> refusalOf(const char *function) {
+  if (const auto crash = simulatedPlatform().crash()) return "the device has crashed: " + *crash;
+  return refusalInside(function);
+}
+
 std::optional<std::string> refusalToAdvance(double seconds) {
   if (!(seconds >= 0)) return "time goes forward only";
   if (vantorelDeviceTime() + seconds > secondsOf(Scheduler::kEnd)) return kClockEnds;
@@ -69,7 +75,7 @@ std::shared_ptr<const RoomDocument> readRoomFile(const std::string &path) {
 /// Hands an event of the current session to the delegate thread.
 template <typename Deliver>
 char *deliver(const char *function, Deliver event) {
-  if (const auto refusal = refusalInside(function)) return copied(*refusal);
+  if (const auto refusal = refusalOf(function)) return copied(*refusal);
   const auto session = parts().sessions.current();
   if (!session) return copied("there is no session to deliver this to; none has been made yet");
   parts().scheduler.handOver(Role::delegate, [session, event] { event(*session); });
@@ -89,14 +95,14 @@ void vantorelDevicePowerCycle(void) noexcept {
 }
 
 char *vantorelDeviceAdvance(double seconds) noexcept {
-  if (const auto refusal = refusalInside("vantorelDeviceAdvance")) return copied(*refusal);
+  if (const auto refusal = refusalOf("vantorelDeviceAdvance")) return copied(*refusal);
   if (const auto refusal = refusalToAdvance(seconds)) return copied(*refusal);
   parts().scheduler.advance(std::llround(seconds * 1e9));
   return nullptr;
 }
 
 char *vantorelDeviceSettle(void) noexcept {
-  if (const auto refusal = refusalInside("vantorelDeviceSettle")) return copied(*refusal);
+  if (const auto refusal = refusalOf("vantorelDeviceSettle")) return copied(*refusal);
   if (parts().scheduler.settle()) return nullptr;
   const bool hasEnded = parts().scheduler.now() == Scheduler::kEnd;
   return copied(hasEnded ? kClockEnds : "after 600 seconds there is still work to come");
@@ -108,6 +114,10 @@ const char *vantorelDeviceThread(void) noexcept { return nameOf(Scheduler::curre
 
 void vantorelDeviceSetFreeRunning(vantorelBool value) noexcept {
   simulatedPlatform().setFreeRunning(value & 1);
+}
+
+void vantorelDeviceSetCrashContained(vantorelBool value) noexcept {
+  simulatedPlatform().setCrashContained(value & 1);
 }
 
 void vantorelDeviceSetHandoverSleep(uint32_t microseconds, uint32_t seed) noexcept {

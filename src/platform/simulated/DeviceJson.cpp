@@ -44,6 +44,13 @@ void frame(JsonWriter &json, const Rect &rect) {
 
 std::string jsonOf(bool value) { return value ? "true" : "false"; }
 
+std::string jsonOf(const std::optional<std::string> &text) {
+  if (!text) return "null";
+  std::string json;
+  JsonWriter(json, JsonStyle::compact).string(*text);
+  return json;
+}
+
 std::string jsonOf(const std::optional<DeviceTraits::Tracking> &tracking) {
   using Tracking = DeviceTraits::Tracking;
   switch (tracking.value_or(Tracking::automatic)) {

@@ -12,6 +12,7 @@
 namespace vantorel {
 
 std::string jsonOf(bool value);
+std::string jsonOf(const std::optional<std::string> &text);
 /// "none" before the first frame; never automatic.
 std::string jsonOf(const std::optional<DeviceTraits::Tracking> &tracking);
 std::string jsonOf(const std::vector<std::string> &texts);

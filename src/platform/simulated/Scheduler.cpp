@@ -12,16 +12,20 @@ Scheduler::~Scheduler() { shutDown(); }
 
 // ---- Power ----
 
-void Scheduler::shutDown() {
+void Scheduler::halt() {
   std::map<Key, Event> dropped;  // released without the lock: what work holds may come back here
-  {
-    Lock lock(mutex_);
-    isShutDown_ = true;
-    changed_.notify_all();
-    waitForAll(lock);
-    dropped.swap(events_);
-    finiteEvents_ = 0;
-  }
+  Lock lock(mutex_);
+  isShutDown_ = true;
+  changed_.notify_all();
+  dropped.swap(events_);
+  finiteEvents_ = 0;
+  lock.unlock();
+}
+
+void Scheduler::shutDown() {
+  halt();
+  Lock lock(mutex_);
+  waitForAll(lock);
 }
 
 void Scheduler::restart(bool freeRunning) {
@@ -127,7 +131,7 @@ void Scheduler::dispatch(Lock &lock, Event event) {
   lock.unlock();
   {
     const InsideWork inside;
-    if (event.role == Role::main) event.work();
+    if (event.role == Role::main) runContained(event.work);
     event = {};
   }
   lock.lock();

@@ -55,8 +55,10 @@ class Scheduler {
 
   // ---- Power ----
 
-  /// Waits for running work, ends and joins all threads and drops all other work. Until restart no thread
-  /// starts. Main.
+  /// Drops all work that waits, and ends the threads once they come back from what they are in. Until restart
+  /// no thread starts and no work is taken. Any thread, inside work too.
+  void halt();
+  /// Halts, and joins the threads. Main.
   void shutDown();
   /// At time 0 with nothing to do. Main, after shutDown.
   void restart(bool freeRunning);

@@ -21,6 +21,9 @@ struct Scheduler::Thread {
   bool isIdle() const { return isFinished || (!isRunning && inbox.empty()); }
 };
 
+/// Runs work, if there is any; a plug-in that stops in it ends the work alone.
+void runContained(const Scheduler::Work &work);
+
 /// Marks the calling thread as inside work for as long as it lives.
 class InsideWork {
  public:

@@ -1,4 +1,5 @@
 // The scheduler's threads: each waits for its inbox, runs, and tells that it is idle again.
+#include "platform/PluginAccess.h"
 #include "platform/simulated/SchedulerThread.h"
 
 #include <algorithm>
@@ -26,6 +27,13 @@ const char *nameOf(Role role) {
   return "";
 }
 
+void runContained(const Scheduler::Work &work) {
+  try {
+    if (work) work();
+  } catch (const PluginStopped &) {
+  }
+}
+
 InsideWork::InsideWork() { ++insideWork; }
 InsideWork::~InsideWork() { --insideWork; }
 
@@ -51,7 +59,7 @@ std::shared_ptr<Scheduler::Thread> Scheduler::launch(Role role, Work entry) {
   thread->system = std::thread([this, thread, entry = std::move(entry)]() mutable {
     callingThread = thread;
     const InsideWork inside;
-    entry();
+    runContained(entry);
     entry = nullptr;
     finish(*thread);
   });
@@ -130,7 +138,7 @@ void Scheduler::runInbox(Lock &lock, Thread &thread) {
     thread.inbox.pop_front();
     sleepAtHandover(lock);
     lock.unlock();
-    if (work) work();
+    runContained(work);
     work = nullptr;
     lock.lock();
     if (endsWithSources && thread.sources == 0) return;

@@ -82,7 +82,11 @@ std::shared_ptr<WorldMap> SimulatedPlatform::unarchiveWorldMap(std::string_view 
 void SimulatedPlatform::stop(std::string_view message) {
   std::fflush(stdout);
   std::fprintf(stderr, "%.*s\n", static_cast<int>(message.size()), message.data());
-  std::abort();
+  if (!isCrashContained_) std::abort();
+  crash_.store(std::string(message));
+  console_.setMuted(true);
+  parts_.scheduler.halt();
+  stopPlugin();
 }
 
 // ---- Control ----
@@ -90,6 +94,7 @@ void SimulatedPlatform::stop(std::string_view message) {
 void SimulatedPlatform::powerCycle() {
   console_.setMuted(true);
   parts_.scheduler.shutDown();
+  crash_.store(std::nullopt);
   restartPlugin();
   resetObjects();
   parts_.scheduler.restart(isFreeRunningNext_);
@@ -134,6 +139,7 @@ std::optional<std::string> SimulatedPlatform::stateJson(std::string_view name) {
   if (name == "window.subviews") return jsonOf(screen_.windowSubviews());
   if (name == "view.subviews") return jsonOf(screen_.controllerSubviews());
   if (name == "roomCaptureView.subviews") return jsonOf(screen_.scanViewSubviews());
+  if (name == "device.crash") return jsonOf(crash());
   if (name == "renderThreads") return std::to_string(parts_.scheduler.renderThreadCount());
   if (name == "device.torch") return camera_->isLit() ? "\"on\"" : "\"off\"";
   if (name == "screenRecorder.isRecording") return jsonOf(screenRecorder_.isRecording());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Guarded.h"
 #include "platform/Platform.h"
 #include "platform/simulated/DeviceParts.h"
 #include "platform/simulated/SimulatedARSession.h"
@@ -9,6 +10,7 @@
 #include "platform/simulated/SimulatedRenderThreads.h"
 #include "platform/simulated/SimulatedScreen.h"
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +45,10 @@ class SimulatedPlatform : public Platform {
   SimulatedConsole &observedConsole() { return console_; }
   SimulatedFiles &files() { return parts_.files; }
   void powerCycle();
+  /// What stops the process otherwise only crashes the device, until the power cycle; stays.
+  void setCrashContained(bool value) { isCrashContained_ = value; }
+  /// The message it crashed with.
+  std::optional<std::string> crash() const { return crash_.load(); }
   void setFreeRunning(bool value) { isFreeRunningNext_ = value; }
   /// An AR session as the host would have one; what arSession() takes.
   void *hostARSession() { return hostARSession_.get(); }
@@ -65,6 +71,8 @@ class SimulatedPlatform : public Platform {
   std::shared_ptr<SimulatedCamera> camera_;
   std::shared_ptr<SimulatedARSession> hostARSession_;
   bool isFreeRunningNext_ = false;
+  std::atomic<bool> isCrashContained_ = false;
+  Guarded<std::optional<std::string>> crash_;
 };
 
 /// The one that platform() gives.
