@@ -15,6 +15,8 @@ struct Float4x4 {
   std::array<float, 16> elements{};
 
   float at(int column, int row) const { return elements[static_cast<std::size_t>(4 * column + row)]; }
+  /// Its first three rows: an axis, or for column 3 the translation.
+  Float3 column(int index) const { return {at(index, 0), at(index, 1), at(index, 2)}; }
   bool operator==(const Float4x4 &) const = default;
 };
 

@@ -1,103 +1,107 @@
 #include "rooms/RoomMesh.h"
 
+#include "rooms/FloorOutline.h"
+#include "rooms/WallArc.h"
+#include "rooms/WallDepth.h"
+#include "rooms/WallOpenings.h"
+
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
+#include <cstddef>
+#include <cstdlib>
 
 namespace vantorel {
 namespace {
 
-constexpr float kWallThickness = 0.16f;  // as RoomPlan's own models have it
-constexpr float kPanelThickness = 0.08f;
-constexpr float kLeastSize = 0.001f;
-constexpr float kFarthest = 1000;
+constexpr Lattice kWallThickness = nearest(kStepsPerMetre * kWallDepth);
+constexpr Lattice kPanelThickness = kWallThickness / 2;  // as RoomPlan's own models have it
+constexpr double kChairUnderTable = 0.8;
 
-struct BoxFace {
-  int corners[4];
-  Float3 normal;
-};
+Lattice halfSize(float size) { return std::max(toLattice(size / 2.0), kLeastSize / 2); }
 
-// Corner i has the high x, y and z where the bits 0, 1 and 2 of i are set.
-constexpr BoxFace kBoxFaces[] = {
-    {{1, 3, 7, 5}, {1, 0, 0}},  {{0, 4, 6, 2}, {-1, 0, 0}}, {{2, 6, 7, 3}, {0, 1, 0}},
-    {{0, 1, 5, 4}, {0, -1, 0}}, {{4, 5, 7, 6}, {0, 0, 1}},  {{0, 2, 3, 1}, {0, 0, -1}},
-};
+/// A box of this size about the origin.
+LatticeRect rectOf(Float3 dimensions) {
+  const Lattice x = halfSize(dimensions.x), y = halfSize(dimensions.y);
+  return {{-x, -y}, {x, y}};
+}
 
-Mesh boxMesh(Bounds box) {
-  const auto corner = [&box](int i) {
-    return Float3{i & 1 ? box.high.x : box.low.x, i & 2 ? box.high.y : box.low.y,
-                  i & 4 ? box.high.z : box.low.z};
-  };
-  Mesh mesh;
-  for (const BoxFace &face : kBoxFaces) {
-    const Float3 corners[] = {corner(face.corners[0]), corner(face.corners[1]), corner(face.corners[2]),
-                              corner(face.corners[3])};
-    mesh.addFace(corners, face.normal);
+bool together(const LatticePoint &a, const LatticePoint &b) {
+  return std::abs(a.x - b.x) < kLeastSize && std::abs(a.y - b.y) < kLeastSize;
+}
+
+/// The corners of the surface in its plane, less those together with the one before, since sides that are all noise
+/// would be moved anywhere; the box around them if there are too few or too many.
+Ring outlineOf(const Surface &surface) {
+  constexpr std::size_t kMostCorners = 2048;
+  Ring ring;
+  if (!surface.polygonCorners || surface.polygonCorners->empty())
+    return ringAround(rectOf(surface.dimensions));
+  for (const Float3 &corner : *surface.polygonCorners) {
+    const LatticePoint point{toLattice(corner.x), toLattice(corner.y)};
+    if (ring.empty() || !together(ring.back(), point)) ring.push_back(point);
   }
-  return mesh;
+  while (ring.size() > 1 && together(ring.front(), ring.back())) ring.pop_back();
+  if (ring.size() < 3 || ring.size() > kMostCorners) return ringAround(withSize(boundsOf(ring)));
+  return ring;
 }
 
-void requireFinite(Float3 value) {
-  if (!std::isfinite(value.x) || !std::isfinite(value.y) || !std::isfinite(value.z))
-    throw std::runtime_error("a size of the room is not a finite number");
+/// Where a post ends: its front joins the next wall's, its back the crossing of both walls' backs.
+Column postColumn(Lattice end, const Turn &turn) {
+  const double thickness = 10 * double(kWallThickness), x = 10 * double(end);
+  const auto place = [](double value) { return static_cast<std::int32_t>(nearest(value)); };
+  return {place(x + thickness * turn.sine), place(-thickness * turn.cosine),
+          place(x + thickness * turn.sine / (1 + turn.cosine)), place(-thickness)};
 }
 
-float halfSize(float size) { return std::clamp(size, kLeastSize, kFarthest) / 2; }
-
-/// A box of this width and height about the origin.
-Mesh slab(Float3 dimensions, float thickness) {
-  requireFinite(dimensions);
-  const float x = halfSize(dimensions.x), y = halfSize(dimensions.y);
-  return boxMesh({{-x, -y, -thickness}, {x, y, 0}});
+Mesh straightWall(const Surface &wall, std::span<const Surface *const> openings, std::optional<Turn> turn) {
+  Region region{outlineOf(wall), {}, {}};
+  const LatticeRect box = boundsOf(region.outline);
+  region.holes = wallOpenings(wall, openings, box, nullptr);
+  if (!turn && region.holes.empty() && !wall.polygonCorners) return boxSolid(box, 0, -kWallThickness);
+  if (turn) region.annex = {{box.high.x, box.low.y}, {box.high.x + kLeastSize, box.high.y}};
+  const Strips strips = manifoldStrips(std::move(region));
+  std::vector<Column> columns = straightColumns(strips, 0, -kWallThickness);
+  if (turn) columns.back() = postColumn(box.high.x, *turn);
+  return solidOf(strips, columns);
 }
 
-/// Moves two coordinates into reach and at least the least size apart.
-void separate(float &low, float &high) {
-  low = std::clamp(low, -kFarthest, kFarthest);
-  high = std::clamp(high, -kFarthest, kFarthest);
-  if (high - low >= kLeastSize) return;
-  const float middle = (low + high) / 2;
-  low = middle - kLeastSize / 2;
-  high = middle + kLeastSize / 2;
+Mesh curvedWall(const Surface &wall, std::span<const Surface *const> openings, const WallArc &arc) {
+  const Lattice y = halfSize(wall.dimensions.y);
+  const LatticeRect box{{0, -y}, {arc.length(), y}};
+  const Strips strips =
+      manifoldStrips({ringAround(box), wallOpenings(wall, openings, box, &arc), {}}, arc.joints());
+  std::vector<Column> columns;
+  for (Lattice along : strips.borders()) columns.push_back(arc.columnAt(along, kWallDepth));
+  return solidOf(strips, columns);
+}
+
+bool isChairAtTable(const RoomObject &object, const RoomObject *parent) {
+  return parent && object.category.name == "chair" && parent->category.name == "table";
 }
 
 }  // namespace
 
-void Mesh::addFace(std::span<const Float3> corners, Float3 normal) {
-  points.insert(points.end(), corners.begin(), corners.end());
-  normals.insert(normals.end(), corners.size(), normal);
-  faceSizes.push_back(static_cast<int>(corners.size()));
+Mesh wallMesh(const Surface &wall, std::span<const Surface *const> openings, std::optional<Turn> turn) {
+  const std::optional<Curve> curve = wall.curve.value_or(std::nullopt);
+  const std::optional<WallArc> arc = curve ? WallArc::of(*curve) : std::nullopt;
+  return arc ? curvedWall(wall, openings, *arc) : straightWall(wall, openings, turn);
 }
 
-Bounds boundsOf(std::span<const Float3> points) {
-  Bounds box{points.front(), points.front()};
-  for (const Float3 &point : points) {
-    box.low = {std::min(box.low.x, point.x), std::min(box.low.y, point.y), std::min(box.low.z, point.z)};
-    box.high = {std::max(box.high.x, point.x), std::max(box.high.y, point.y), std::max(box.high.z, point.z)};
-  }
-  return box;
-}
-
-Mesh wallMesh(const Surface &wall) { return slab(wall.dimensions, kWallThickness); }
-
-Mesh panelMesh(const Surface &surface) { return slab(surface.dimensions, kPanelThickness); }
+Mesh panelMesh(const Surface &surface) { return boxSolid(rectOf(surface.dimensions), 0, -kPanelThickness); }
 
 Mesh floorMesh(const Surface &floor) {
-  if (!floor.polygonCorners || floor.polygonCorners->empty()) return slab(floor.dimensions, kWallThickness);
-  for (const Float3 &corner : *floor.polygonCorners) requireFinite(corner);
-  Bounds box = boundsOf(*floor.polygonCorners);
-  separate(box.low.x, box.high.x);
-  separate(box.low.y, box.high.y);
-  box.low.z = -kWallThickness;
-  box.high.z = 0;
-  return boxMesh(box);
+  const Strips strips = manifoldStrips({offsetOutward(outlineOf(floor), kWallThickness), {}, {}});
+  return solidOf(strips, straightColumns(strips, 0, -kWallThickness));
 }
 
-Mesh objectMesh(const RoomObject &object) {
-  requireFinite(object.dimensions);
-  const Float3 half{halfSize(object.dimensions.x), halfSize(object.dimensions.y),
-                    halfSize(object.dimensions.z)};
-  return boxMesh({{-half.x, -half.y, -half.z}, half});
+Mesh objectMesh(const RoomObject &object, const RoomObject *parent) {
+  LatticeRect box = rectOf(object.dimensions);
+  const Lattice z = halfSize(object.dimensions.z);
+  if (isChairAtTable(object, parent)) {
+    const Lattice height = std::max(toLattice(kChairUnderTable * parent->dimensions.y), kLeastSize);
+    box.high.y = std::min(box.low.y + height, box.high.y);
+  }
+  return boxSolid(box, z, -z);
 }
 
 }  // namespace vantorel

@@ -41,10 +41,6 @@ bool areWithin(Float3 vector, float limit) {
   return std::abs(vector.x) <= limit && std::abs(vector.y) <= limit && std::abs(vector.z) <= limit;
 }
 
-Float3 columnOf(const Float4x4 &matrix, int column) {
-  return {matrix.at(column, 0), matrix.at(column, 1), matrix.at(column, 2)};
-}
-
 bool isNear(double value, double expected) { return std::abs(value - expected) <= kRigidity; }
 
 double dot(Float3 a, Float3 b) {
@@ -53,7 +49,7 @@ double dot(Float3 a, Float3 b) {
 
 /// Of finite numbers: three axes of unit length, square to each other and right-handed, and a place.
 bool isPlacement(const Float4x4 &matrix) {
-  const Float3 x = columnOf(matrix, 0), y = columnOf(matrix, 1), z = columnOf(matrix, 2);
+  const Float3 x = matrix.column(0), y = matrix.column(1), z = matrix.column(2);
   const bool hasLastRow = isNear(matrix.at(0, 3), 0) && isNear(matrix.at(1, 3), 0) &&
                           isNear(matrix.at(2, 3), 0) && isNear(matrix.at(3, 3), 1);
   const bool areUnit = isNear(dot(x, x), 1) && isNear(dot(y, y), 1) && isNear(dot(z, z), 1);
@@ -109,7 +105,7 @@ void RoomCheck::checkPlace(const Element &element) {
   require(size.x >= 0 && size.y >= 0 && size.z >= 0, Kind::invalidInput, "a length is negative");
   require(isPlacement(element.transform), Kind::invalidInput, "the transform does more than turn and move");
   require(areWithin(size, kLongest), Kind::exceedSceneSizeLimit, "longer than 1 km");
-  require(areWithin(columnOf(element.transform, 3), kFarthest), Kind::exceedSceneSizeLimit,
+  require(areWithin(element.transform.column(3), kFarthest), Kind::exceedSceneSizeLimit,
           "more than 16,384 m from the origin");
   if (!box_) box_.emplace();
   box_->include(boxOf(element.transform, size));

@@ -1,12 +1,9 @@
 #include "rooms/UsdText.h"
 
+#include "base/FloatText.h"
 #include "base/Utf8.h"
 
-#include <algorithm>
-#include <bit>
-#include <charconv>
 #include <cmath>
-#include <cstring>
 #include <stdexcept>
 
 namespace vantorel {
@@ -28,6 +25,12 @@ std::string nameCharacters(std::string_view text) {
 std::string completed(std::string_view name, std::string_view fallback) {
   if (name.empty()) return std::string(fallback);
   return std::string(isDigit(name[0]) ? "_" : "").append(name);
+}
+
+void appendNumber(std::string &out, float value) {
+  if (!std::isfinite(value)) throw std::runtime_error("a number of the room is not finite");
+  char text[kFloatTextMax];
+  out.append(text, writeFloatJson(text, value));
 }
 
 }  // namespace
@@ -85,34 +88,25 @@ void UsdText::line(std::string_view text) {
   out_.append(text).append("\n");
 }
 
-void UsdText::attribute(std::string_view declaration, std::span<const int> values) {
-  beginValue(declaration);
-  list('[', values, ']', [this](int value) { integer(value); });
-  endLine({});
-}
-
-void UsdText::attribute(std::string_view declaration, std::span<const Float3> values, Metadata metadata) {
-  beginValue(declaration);
-  list('[', values, ']', [this](Float3 value) { tuple(std::array{value.x, value.y, value.z}); });
-  endLine(metadata);
+std::string &UsdText::beginAttribute(std::string_view declaration) {
+  indent();
+  return out_.append(declaration).append(" = ");
 }
 
 void UsdText::transform(const Float4x4 &matrix) {
-  const std::span<const float, 16> e = matrix.elements;
-  beginValue("matrix4d xformOp:transform");
+  std::string &out = beginAttribute("matrix4d xformOp:transform");
   // USD multiplies row vectors: its rows are the columns here.
-  const std::array columns{e.subspan<0, 4>(), e.subspan<4, 4>(), e.subspan<8, 4>(), e.subspan<12, 4>()};
-  list('(', columns, ')', [this](std::span<const float> column) { tuple(column); });
-  endLine({});
+  for (int column = 0; column < 4; ++column)
+    for (int row = 0; row < 4; ++row) {
+      out += row > 0 ? ", " : column > 0 ? "), (" : "((";
+      appendNumber(out, matrix.at(column, row));
+    }
+  out += "))";
+  endAttribute();
   line("uniform token[] xformOpOrder = [\"xformOp:transform\"]");
 }
 
 void UsdText::indent() { out_.append(4 * depth_, ' '); }
-
-void UsdText::beginValue(std::string_view declaration) {
-  indent();
-  out_.append(declaration).append(" = ");
-}
 
 void UsdText::endLine(Metadata metadata) {
   if (metadata.size() == 0) {
@@ -124,47 +118,6 @@ void UsdText::endLine(Metadata metadata) {
   for (std::string_view text : metadata) line(text);
   --depth_;
   line(")");
-}
-
-void UsdText::integer(int value) {
-  char text[12];
-  out_.append(text, std::to_chars(text, text + sizeof text, value).ptr);
-}
-
-void UsdText::tuple(std::span<const float> values) {
-  char text[kTupleMax * (kFloatTextMax + 2) + 2];
-  char *end = text;
-  std::string_view separator = "(";
-  for (float value : values) {
-    const CachedFloat &number = textOf(value);
-    end = std::copy(separator.begin(), separator.end(), end);
-    separator = ", ";
-    std::memcpy(end, number.text.data(), kFloatTextMax);  // a constant size copies faster than the right one
-    end += number.length;
-  }
-  *end++ = ')';
-  out_.append(text, end);
-}
-
-const UsdText::CachedFloat &UsdText::textOf(float value) {
-  const auto bits = std::bit_cast<std::uint32_t>(value);
-  CachedFloat &recent = recentNumbers_[bits * 0x9e3779b1u >> 26];  // multiplicative hash to 6 bits
-  if (recent.length > 0 && recent.bits == bits) return recent;
-  if (!std::isfinite(value)) throw std::runtime_error("a number of the room is not finite");
-  recent.bits = bits;
-  recent.length = static_cast<std::uint8_t>(writeFloatJson(recent.text.data(), value) - recent.text.data());
-  return recent;
-}
-
-template <typename Items, typename Write>
-void UsdText::list(char open, const Items &items, char close, Write write) {
-  out_ += open;
-  for (const auto &item : items) {
-    write(item);
-    out_ += ", ";
-  }
-  if (!std::empty(items)) out_.resize(out_.size() - 2);
-  out_ += close;
 }
 
 }  // namespace vantorel

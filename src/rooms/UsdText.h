@@ -1,14 +1,10 @@
 // The text form of a USD layer ("usda"), as far as a room needs it.
 #pragma once
 
-#include "base/FloatText.h"
 #include "base/Geometry.h"
 
-#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <initializer_list>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -40,34 +36,20 @@ class UsdText {
 
   /// An attribute, or anything else, that is text already.
   void line(std::string_view text);
-  /// `declaration` is the attribute's type and name.
-  void attribute(std::string_view declaration, std::span<const int> values);
-  void attribute(std::string_view declaration, std::span<const Float3> values, Metadata metadata = {});
+  /// `declaration` is the attribute's type and name. What is appended to the text that is returned, up to the
+  /// matching endAttribute, is its value.
+  std::string &beginAttribute(std::string_view declaration);
+  void endAttribute(Metadata metadata = {}) { endLine(metadata); }
   /// Places the innermost open prim in its parent.
   void transform(const Float4x4 &matrix);
 
  private:
-  /// The text of a number lately written: meshes repeat few numbers many times.
-  struct CachedFloat {
-    std::uint32_t bits = 0;
-    std::uint8_t length = 0;  ///< 0: none yet
-    std::array<char, kFloatTextMax> text{};
-  };
-  static constexpr std::size_t kTupleMax = 4;
-
   void indent();
-  void beginValue(std::string_view declaration);
   void endLine(Metadata metadata);
-  void integer(int value);
-  void tuple(std::span<const float> values);  // at most kTupleMax
-  const CachedFloat &textOf(float value);
-  template <typename Items, typename Write>
-  void list(char open, const Items &items, char close, Write write);
 
   std::string &out_;
   std::string path_;
   std::size_t depth_ = 0;
-  std::array<CachedFloat, 64> recentNumbers_;
 };
 
 }  // namespace vantorel

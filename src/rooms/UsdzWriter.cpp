@@ -2,13 +2,12 @@
 
 #include "rooms/RoomMesh.h"
 #include "rooms/StoredZip.h"
+#include "rooms/UsdMesh.h"
 #include "rooms/UsdNames.h"
 #include "rooms/UsdText.h"
 
-#include <array>
 #include <cstddef>
 #include <map>
-#include <numeric>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -58,18 +57,6 @@ void writeMaterial(UsdText &usd, const std::string &name, const Material &materi
   usd.endPrim();
 }
 
-void writeGeometry(UsdText &usd, const Mesh &mesh) {
-  const Bounds bounds = boundsOf(mesh.points);
-  std::vector<int> indices(mesh.points.size());
-  std::iota(indices.begin(), indices.end(), 0);
-  usd.attribute("float3[] extent", std::array{bounds.low, bounds.high});
-  usd.attribute("int[] faceVertexCounts", mesh.faceSizes);
-  usd.attribute("int[] faceVertexIndices", indices);
-  usd.attribute("normal3f[] normals", mesh.normals, {"interpolation = \"vertex\""});
-  usd.attribute("point3f[] points", mesh.points);
-  usd.line("uniform token subdivisionScheme = \"none\"");
-}
-
 /// The element's mesh, and its material beside it.
 void writeElement(UsdText &usd, const Label &label, const Mesh &mesh, const Float4x4 &transform,
                   const Material &material) {
@@ -79,7 +66,7 @@ void writeElement(UsdText &usd, const Label &label, const Mesh &mesh, const Floa
       "Mesh", label.name,
       {"prepend apiSchemas = [\"MaterialBindingAPI\"]", "customData = {",
        "    string Category = " + usdQuoted(label.category), "    string UUID = \"" + label.uuid + '"', "}"});
-  writeGeometry(usd, mesh);
+  writeUsdMesh(usd, mesh);
   usd.line(binding);
   usd.transform(transform);
   usd.endPrim();
@@ -128,77 +115,95 @@ void writeSections(UsdText &usd, const RoomDocument &room) {
   usd.endPrim();
 }
 
-/// A door or a window, to be written in its wall's group.
-struct Panel {
-  const Surface *surface;
-  std::string_view stem;
-  std::size_t index;
+/// What is cut out of a wall, and the panels among it: those have a mesh, to be written in the wall's group.
+struct WallContent {
+  struct Panel {
+    const Surface *surface;
+    std::string_view stem;
+    std::size_t index;
+  };
+  std::vector<const Surface *> openings;
+  std::vector<Panel> panels;
 };
 
-/// The panels of wall k at k; those without a wall of this room at the end.
-using PanelsByWall = std::vector<std::vector<Panel>>;
-
-PanelsByWall panelsByWall(const RoomDocument &room) {
+/// The content of wall k at k; what names no wall of this room at the end.
+std::vector<WallContent> contentByWall(const RoomDocument &room) {
   std::map<Uuid, std::size_t> wallOf;
   for (std::size_t k = 0; k < room.walls.size(); ++k) wallOf.emplace(room.walls[k].identifier, k);
-  PanelsByWall panels(room.walls.size() + 1);
+  std::vector<WallContent> content(room.walls.size() + 1);
   const auto distribute = [&](const std::vector<Surface> &surfaces, std::string_view stem) {
     for (std::size_t i = 0; i < surfaces.size(); ++i) {
       const auto parent = surfaces[i].parentIdentifier.value_or(std::nullopt);
       const auto wall = parent ? wallOf.find(*parent) : wallOf.end();
-      panels[wall == wallOf.end() ? room.walls.size() : wall->second].push_back({&surfaces[i], stem, i});
+      WallContent &of = content[wall == wallOf.end() ? room.walls.size() : wall->second];
+      of.openings.push_back(&surfaces[i]);
+      if (!stem.empty()) of.panels.push_back({&surfaces[i], stem, i});
     }
   };
   distribute(room.doors, kDoorStem);
   distribute(room.windows, kWindowStem);
-  return panels;
+  distribute(room.openings, {});
+  return content;
 }
 
-void writePanels(UsdText &usd, const std::vector<Panel> &panels) {
-  for (const Panel &panel : panels)
-    writeElement(usd, labelOf(*panel.surface, panel.stem, panel.index), panelMesh(*panel.surface),
-                 panel.surface->transform, kInvisible);
+void writePanels(UsdText &usd, const std::vector<WallContent::Panel> &panels) {
+  for (const auto &[surface, stem, index] : panels)
+    writeElement(usd, labelOf(*surface, stem, index), panelMesh(*surface), surface->transform, kInvisible);
 }
 
 /// Doors and windows that name no wall of the room get a group of their own.
 void writeArchitecture(UsdText &usd, const RoomDocument &room) {
-  const PanelsByWall panels = panelsByWall(room);
+  const std::vector<WallContent> content = contentByWall(room);
+  const std::vector<std::optional<Turn>> turns = convexCorners(room.walls);
   usd.beginPrim("Xform", "Arch_grp", {kGroup});
   for (std::size_t k = 0; k < room.walls.size(); ++k) {
     const Surface &wall = room.walls[k];
     usd.beginPrim("Xform", "Wall_" + std::to_string(k) + "_grp", {kComponent});
-    writeElement(usd, labelOf(wall, kWallStem, k), wallMesh(wall), wall.transform, kWhite);
-    writePanels(usd, panels[k]);
+    writeElement(usd, labelOf(wall, kWallStem, k), wallMesh(wall, content[k].openings, turns[k]),
+                 wall.transform, kWhite);
+    writePanels(usd, content[k].panels);
     usd.endPrim();
   }
-  if (!panels.back().empty()) {
+  if (!content.back().panels.empty()) {
     usd.beginPrim("Xform", "Unattached_grp", {kComponent});
-    writePanels(usd, panels.back());
+    writePanels(usd, content.back().panels);
     usd.endPrim();
   }
   usd.endPrim();
 }
 
 void writeFloors(UsdText &usd, const RoomDocument &room) {
-  if (!room.floors || room.floors->empty()) return;
-  usd.beginPrim("Xform", "Floor_grp", {kComponent});
+  if (!room.floors) return;
   for (std::size_t i = 0; i < room.floors->size(); ++i) {
     const Surface &floor = (*room.floors)[i];
+    usd.beginPrim("Xform", i == 0 ? "Floor_grp" : usdNumbered("Floor_grp_", i), {kComponent});
     writeElement(usd, labelOf(floor, kFloorStem, i), floorMesh(floor), floor.transform, kWhite);
+    usd.endPrim();
   }
-  usd.endPrim();
+}
+
+/// The tables that chairs may name as their parent.
+std::map<Uuid, const RoomObject *> tablesOf(const RoomDocument &room) {
+  std::map<Uuid, const RoomObject *> tables;
+  for (const RoomObject &object : room.objects)
+    if (object.category.name == "table") tables.emplace(object.identifier, &object);
+  return tables;
 }
 
 /// One group per category, sorted by name; each counts its objects in the order of the room.
 void writeObjects(UsdText &usd, const RoomDocument &room) {
   if (room.objects.empty()) return;
+  const std::map<Uuid, const RoomObject *> tables = tablesOf(room);
   usd.beginPrim("Xform", "Object_grp", {kGroup});
   for (const auto &[stem, objects] : objectsByStem(room)) {
     usd.beginPrim("Xform", stem + "_grp", {kComponent});
     for (std::size_t i = 0; i < objects.size(); ++i) {
       const RoomObject &object = *objects[i];
       const Label label{usdNumbered(stem, i), categoryText(object.category), object.identifier.text()};
-      writeElement(usd, label, objectMesh(object), object.transform, kWhite);
+      const auto parent = object.parentIdentifier.value_or(std::nullopt);
+      const auto table = parent ? tables.find(*parent) : tables.end();
+      const Mesh mesh = objectMesh(object, table == tables.end() ? nullptr : table->second);
+      writeElement(usd, label, mesh, object.transform, kWhite);
     }
     usd.endPrim();
   }
@@ -207,7 +212,7 @@ void writeObjects(UsdText &usd, const RoomDocument &room) {
 
 /// Somewhat more than most rooms take.
 std::size_t expectedSize(const RoomDocument &room) {
-  constexpr std::size_t kBytesPerElement = 3200;
+  constexpr std::size_t kBytesPerElement = 3800;
   return kBytesPerElement * (2 + room.walls.size() + room.doors.size() + room.windows.size() +
                              room.objects.size() + (room.floors ? room.floors->size() : 0));
 }

@@ -38,7 +38,8 @@ TEST(UsdText, NestsPrimsAndTurnsColumnsIntoRows) {
   usd.beginPrim("Mesh", "box");
   EXPECT_EQ(usd.path(), "/root/box");
   usd.transform({{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 2.5f, -0.0f, 1e-7f, 1}});
-  usd.attribute("normal3f[] normals", std::vector<Float3>{{0, 0, 1}}, {"interpolation = \"vertex\""});
+  usd.beginAttribute("normal3f[] normals") += "[(0, 0, 1)]";
+  usd.endAttribute({"interpolation = \"vertex\""});
   usd.endPrim();
   usd.endPrim();
   EXPECT_EQ(out, R"(def Xform "root" (

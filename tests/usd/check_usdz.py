@@ -121,8 +121,13 @@ def check_solid(points, normals, counts, indices):
             yield "a normal that is not its face's, counter-clockwise from outside"
     if volume <= 0:
         yield "inside out, or flat"
-    if any(count != edges[end, start] for (start, end), count in edges.items()):
+    if open_edges(edges):
         yield "not closed"
+
+
+def open_edges(edges):
+    """How many edges do not belong to two faces, one in each direction."""
+    return sum(count != 1 or edges.get((end, start)) != 1 for (start, end), count in edges.items())
 
 
 def check_room(meshes, room):

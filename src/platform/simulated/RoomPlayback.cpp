@@ -35,15 +35,11 @@ constexpr std::array<std::pair<double, Instruction>, 6> kCoaching = {{
     {0.76, Instruction::normal},
 }};
 
-Float3 centreOf(const Float4x4 &transform) {
-  return {transform.at(3, 0), transform.at(3, 1), transform.at(3, 2)};
-}
-
 template <typename Element>
 Float3 meanCentre(const std::vector<Element> &elements) {
   double x = 0, y = 0, z = 0;
   for (const Element &element : elements) {
-    const Float3 centre = centreOf(element.transform);
+    const Float3 centre = element.transform.column(3);
     x += centre.x, y += centre.y, z += centre.z;
   }
   const double count = std::max<double>(1, static_cast<double>(elements.size()));
@@ -55,7 +51,7 @@ template <typename Element>
 std::vector<std::size_t> ranksAround(const std::vector<Element> &elements) {
   const Float3 middle = meanCentre(elements);
   const auto angleOf = [&](const Element &element) {
-    const Float3 centre = centreOf(element.transform);
+    const Float3 centre = element.transform.column(3);
     const double angle = std::atan2(centre.x - middle.x, middle.z - centre.z);
     return std::isnan(angle) ? 0 : angle;  // numbers beyond reason still have an order
   };
@@ -166,9 +162,9 @@ std::vector<RoomPlayback::Span> RoomPlayback::spansFrom(double first, double ste
 CameraWalk RoomPlayback::walkOf(const RoomDocument &room, const Plan &plan) {
   std::vector<CameraWalk::Sight> sights;
   for (std::size_t i = 0; i < room.walls.size(); ++i)
-    sights.push_back({plan.walls[i].start, centreOf(room.walls[i].transform), kWallPitch});
+    sights.push_back({plan.walls[i].start, room.walls[i].transform.column(3), kWallPitch});
   for (std::size_t i = 0; i < room.objects.size(); ++i)
-    sights.push_back({plan.objects[i].start, centreOf(room.objects[i].transform), kFurniturePitch});
+    sights.push_back({plan.objects[i].start, room.objects[i].transform.column(3), kFurniturePitch});
   std::stable_sort(sights.begin(), sights.end(),
                    [](const auto &a, const auto &b) { return a.share < b.share; });
   return CameraWalk(sights, lowestPoint(room));

@@ -1,5 +1,7 @@
 #include "platform/simulated/TopView.h"
 
+#include "rooms/WallDepth.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -11,8 +13,7 @@ constexpr Colour kPaper{250, 249, 246}, kFloor{236, 229, 216}, kInk{52, 58, 66},
     kFurnitureEdge{128, 138, 148}, kDoor{168, 96, 44}, kWindow{86, 156, 214}, kCamera{226, 74, 51},
     kSight{226, 74, 51, 0.3};
 
-constexpr double kWallThickness = 0.16;  // metres, as the models of scans have it
-constexpr double kLeastExtent = 4;       // metres that are shown at least
+constexpr double kLeastExtent = 4;  // metres that are shown at least
 constexpr double kMargin = 60, kBarHeight = 60, kSightLength = 110, kCameraRadius = 11;  // pixels
 constexpr double kHalfSight = 25 * std::numbers::pi / 180;
 
@@ -101,7 +102,7 @@ class Drawing {
       canvas_.fill(onCanvas(object), kFurniture);
       canvas_.outline(onCanvas(object), 2, kFurnitureEdge);
     }
-    const double thickness = std::max(kWallThickness * scale_, 2.0);
+    const double thickness = std::max(kWallDepth * scale_, 2.0);
     for (const Segment &wall : plan.walls) drawWall(wall, thickness);
     for (const auto *gaps : {&plan.openings, &plan.windows, &plan.doors})
       for (const Segment &gap : *gaps) draw(gap, thickness + 2, kFloor);
