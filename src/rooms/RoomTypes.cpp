@@ -136,7 +136,7 @@ constexpr JsonType kRooms{.name = "no rooms",
                           .inside = [](void *) -> JsonSlot { refuseStructure(); },
                           .null = [](void *) { refuseStructure(); }};
 
-constexpr Field kRoomFields[] = {
+constexpr Field kElementFields[] = {
     field<RoomReading, &RoomReading::writtenCoreModel>("coreModel"),
     field<RoomReading, &RoomReading::doors>("doors"),
     field<RoomReading, &RoomReading::floors>("floors"),
@@ -144,19 +144,36 @@ constexpr Field kRoomFields[] = {
     field<RoomReading, &RoomReading::objects>("objects"),
     field<RoomReading, &RoomReading::openings>("openings"),
     field<RoomReading, &RoomReading::referenceOriginTransform>("referenceOriginTransform"),
-    {"rooms", &kRooms, itself, false},
     field<RoomReading, &RoomReading::sections>("sections"),
     field<RoomReading, &RoomReading::story>("story"),
     field<RoomReading, &RoomReading::version>("version"),
     field<RoomReading, &RoomReading::walls>("walls"),
     field<RoomReading, &RoomReading::windows>("windows"),
 };
+
+/// The elements' keys, and what the key of a structure's rooms means.
+constexpr auto withRooms(Field rooms) {
+  std::array<Field, std::size(kElementFields) + 1> fields{};
+  std::copy(std::begin(kElementFields), std::end(kElementFields), fields.begin());
+  fields.back() = rooms;
+  return fields;
+}
+
+constexpr auto kRoomFields = withRooms({"rooms", &kRooms, itself, false});
 constexpr JsonType kRoom = objectOf<kRoomFields>("a room, which is an object");
+template <>
+constexpr JsonType typeOf<RoomReading> = kRoom;
+
+constexpr auto kScanFields = withRooms(
+    {"rooms", &typeOf<std::optional<std::vector<RoomReading>>>,
+     [](void *scan) -> void * { return &static_cast<ScanReading &>(at<RoomReading>(scan)).rooms; }, false});
+constexpr JsonType kScan = objectOf<kScanFields>("a scan, which is an object");
 
 }  // namespace vantorel::json
 
 namespace vantorel {
 
 JsonSlot slotOf(RoomReading &room) { return {&json::kRoom, &room}; }
+JsonSlot slotOf(ScanReading &scan) { return {&json::kScan, static_cast<RoomReading *>(&scan)}; }
 
 }  // namespace vantorel
