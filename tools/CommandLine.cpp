@@ -6,6 +6,7 @@
 #include "DeviceCommands.h"
 #include "DeviceText.h"
 #include "HostCommand.h"
+#include "ModelCommands.h"
 #include "ScanCommand.h"
 #include "base/Utf8.h"
 
@@ -20,8 +21,6 @@ namespace vantorel {
 namespace {
 
 std::string version() { return DeviceText(getVantorelVersion()).get(); }
-
-std::string unavailable(const std::string &what) { return what + " is not available in this version"; }
 
 /// A script is read line by line and an @ there names a file, so these have no way in.
 std::string checkWord(const std::string &word) {
@@ -52,12 +51,6 @@ CLI::Validator within(NumberRange range) {
             }
           },
           "", ""};
-}
-
-/// An option of a later version, which the help does not show.
-void refuseOption(CLI::App &command, const std::string &name) {
-  const auto refuse = [name](const std::string &) { throw CLI::ValidationError(unavailable(name)); };
-  command.add_option_function<std::string>(name, refuse)->group("");
 }
 
 /// CLI11 keeps references to these.
@@ -93,7 +86,8 @@ CLI::App *addScan(CLI::App &app, Scan &scan) {
       ->type_name("N")
       ->check(within(kUpdatesPerSecond))
       ->capture_default_str();
-  refuseOption(*command, "--plan");
+  command->add_option("--plan", options.plan, "Also the room's floor plan, an SVG picture")
+      ->type_name("FILE");
   command->add_flag("--json", options.json, "The summary as one JSON object");
   command->add_flag("--print-script", scan.printsScript, "Only print the commands, for vantorel host");
   return command;
@@ -129,6 +123,21 @@ Environment
   return command;
 }
 
+CLI::App *addPlan(CLI::App &app, PlanOptions &options) {
+  CLI::App *command = app.add_subcommand("plan", "Draw a floor plan of a room or a structure, as SVG");
+  command->add_option("SCAN", options.scan, "The JSON of a room or of several merged ones")->required();
+  command->add_option("-o", options.output, "The picture (default: standard output)")->type_name("FILE.svg");
+  command->add_flag("--feet", options.feet, "Lengths in feet and inches, areas in square feet");
+  return command;
+}
+
+CLI::App *addSlim(CLI::App &app, SlimOptions &options) {
+  CLI::App *command = app.add_subcommand("slim", "A scan without its coreModel and with new identifiers");
+  command->add_option("ROOM", options.scan, "The JSON of a room or of several merged ones")->required();
+  command->add_option("-o", options.output, "The slim JSON (default: standard output)")->type_name("FILE");
+  return command;
+}
+
 int runScanCommand(const Scan &scan) {
   if (scan.printsScript) {
     std::cout << scanScript(scan.options);
@@ -142,9 +151,8 @@ int runScanCommand(const Scan &scan) {
 std::string usageText(const CLI::App &app, const CLI::ParseError &error) {
   const bool hasCommand = !app.get_subcommands().empty();
   const std::vector<std::string> unknown = app.remaining(true);
-  if (unknown.empty()) return hasCommand ? error.what() : "expected a command: scan or host";
+  if (unknown.empty()) return hasCommand ? error.what() : "expected a command: scan, host, plan or slim";
   const std::string &word = unknown.front();
-  if (word == "plan" || word == "slim") return unavailable(word);
   if (word.starts_with('-')) return "there is no option " + word;
   return (hasCommand ? "one argument too many: " : "there is no command ") + word;
 }
@@ -161,7 +169,10 @@ int runCommandLine(int argc, const char *const *argv) {
       "Exit codes: 0 done, 1 refused or failed (one line says why), 2 wrong usage.");
   Scan scan;
   HostOptions host;
-  const CLI::App *scanCommand = addScan(app, scan);
+  PlanOptions plan;
+  SlimOptions slim;
+  const CLI::App *scanCommand = addScan(app, scan), *planCommand = addPlan(app, plan),
+                 *slimCommand = addSlim(app, slim);
   addHost(app, host);
   try {
     app.parse(argc, argv);
@@ -170,6 +181,8 @@ int runCommandLine(int argc, const char *const *argv) {
     std::cerr << "vantorel: " << usageText(app, error) << '\n';
     return 2;
   }
+  if (planCommand->parsed()) return runPlan(plan, std::cout), 0;
+  if (slimCommand->parsed()) return runSlim(slim, std::cout), 0;
   return scanCommand->parsed() ? runScanCommand(scan) : runHost(host);
 }
 

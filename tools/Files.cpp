@@ -41,6 +41,15 @@ std::string readFile(const std::string &path) {
   return bytes;
 }
 
+void writeFile(const std::string &path, const std::string &bytes) {
+  errno = 0;
+  std::ofstream file(pathOf(path), std::ios::binary | std::ios::trunc);
+  if (!file || !file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) || !file.flush())
+    throw std::runtime_error("cannot write " + path + ": " + errorText(errno));
+}
+
+std::string fileName(const std::string &path) { return textOf(pathOf(path).stem()); }
+
 std::map<std::string, std::uintmax_t> fileSizes(const std::string &folderPath) {
   const std::filesystem::path folder = pathOf(folderPath);
   std::map<std::string, std::uintmax_t> sizes;

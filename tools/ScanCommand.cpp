@@ -9,6 +9,7 @@
 #include "ScanProgress.h"
 #include "ScanSummary.h"
 #include "base/Utf8Path.h"
+#include "plan/FloorPlan.h"
 #include "rooms/RoomReader.h"
 
 #include <cerrno>
@@ -28,6 +29,14 @@ RoomDocument checkedRoom(const std::string &path) {
     return readRoom(text);
   } catch (const RoomReadError &error) {
     throw std::runtime_error(path + ": " + error.what());
+  }
+}
+
+std::string planOf(const RoomDocument &room, const ScanOptions &options) {
+  try {
+    return plan::writeFloorPlan(room, plan::Units::metric, fileName(options.room));
+  } catch (const plan::PlanError &error) {
+    throw std::runtime_error(options.room + ": " + error.what());
   }
 }
 
@@ -104,10 +113,12 @@ void runScan(const ScanOptions &options, std::ostream &out, std::ostream &notes,
   const std::string folder = scanFolder(options);
   expectNoFolder(folder);
   expectPlayable(options);
+  const std::string plan = options.plan.empty() ? "" : planOf(room, options);
   if (room.isEmpty()) notes << "vantorel: warning: there is nothing in " << options.room << '\n';
   ScanProgress progress(notes, options.seconds, showsBar);
   play(options, progress);
   progress.clearBar();
+  if (!options.plan.empty()) writeFile(options.plan, plan);
   if (!progress.remarks().empty()) notes << "vantorel: note: " << progress.remarks() << '\n';
   const ScanSummary summary{
       options.room, options.ios, options.seconds,  progress.updates(), progress.instructions(),

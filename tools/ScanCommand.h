@@ -14,6 +14,7 @@ struct ScanOptions {
   std::string directoryName = "model-viewer", scanName = "My new scan";
   std::string ios = "18.0";
   double seconds = 10, updatesPerSecond = 10;
+  std::string plan;  ///< where the room's floor plan goes; empty: nowhere
   bool json = false;
 };
 

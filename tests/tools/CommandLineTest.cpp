@@ -11,14 +11,15 @@ namespace {
 TEST(CommandLine, ExplainsWrongUsageInOneLine) {
   const std::string room = VANTOREL_SAMPLES_DIR "/flat.json";
   const std::pair<std::vector<std::string>, std::string> table[] = {
-      {{}, "expected a command: scan or host"},
+      {{}, "expected a command: scan, host, plan or slim"},
       {{"bogus", "x"}, "there is no command bogus"},
       {{"--versio"}, "there is no option --versio"},
-      {{"plan", "x"}, "plan is not available in this version"},
+      {{"plan"}, "SCAN is required"},
+      {{"plan", "x", "--meters"}, "there is no option --meters"},
+      {{"slim", "x", "y"}, "one argument too many: y"},
       {{"scan"}, "ROOM is required"},
       {{"scan", "a", "b"}, "one argument too many: b"},
       {{"scan", "a", "--bogus"}, "there is no option --bogus"},
-      {{"scan", "a", "--plan", "x"}, "--plan is not available in this version"},
       {{"scan", "a", "--seconds", "0"}, "--seconds: expected a number from 0.001 to 3600, got 0"},
       {{"scan", "a", "--ios", "15.0"}, "--ios: expected a version from 16.0 on, as 16.4"},
       {{"scan", room, "--scan", "new/.."}, "--scan: expected a name without .."},

@@ -62,6 +62,26 @@ TEST_F(Program, ExitsWith0WhenDone) {
   EXPECT_EQ(run("scan " + sample() + " --out " + out()), 1) << "saved over a scan";
 }
 
+TEST_F(Program, DrawsPlansAndSlimsScans) {
+  fs::create_directories(out());
+  const std::string slim = out() + "/slim.json", plan = out() + "/plan.svg", other = out() + "/other.svg";
+  EXPECT_EQ(run("slim " + sample() + " -o " + slim), 0) << said;
+  EXPECT_EQ(said, "");
+  EXPECT_LT(fs::file_size(slim), fs::file_size(sample()));
+  EXPECT_EQ(run("plan " + slim + " --feet -o " + plan), 0) << said;
+  EXPECT_EQ(readFile(plan).find("lengths in metres"), std::string::npos);
+  EXPECT_EQ(run("scan " + slim + " --plan " + plan + " --out " + out()), 0) << said;
+  EXPECT_EQ(run("plan " + slim), 0);
+  EXPECT_TRUE(readFile(plan) == said) << "the same plan wherever it goes";
+  EXPECT_EQ(run("plan " + slim + " -o /nowhere/x.svg"), 1) << said;
+  EXPECT_EQ(run("plan /nowhere.json -o " + other), 1) << said;
+  EXPECT_EQ(run("plan " + slim + " -o " + slim), 1) << said;
+  EXPECT_EQ(run("slim " + slim), 0) << "the scan is still one";
+  EXPECT_EQ(run("slim " VANTOREL_SOURCE_DIR "/README.md -o " + other), 1) << said;
+  EXPECT_NE(said.find("README.md: line 1, column 1"), std::string::npos) << said;
+  EXPECT_FALSE(fs::exists(other));
+}
+
 TEST_F(Program, RemovesItsTemporaryDocuments) {
   EXPECT_EQ(run("host", "printf 'trySaveRoomPlanExperience a b\\nfiles\\n' | "), 0) << said;
   EXPECT_NE(said.find("a/b/scan.json"), std::string::npos) << said;
