@@ -364,8 +364,8 @@ void Model::sessionPlays(Id id, std::size_t step) {
 bool Model::isAlive(Id id) const {
   const auto holds = [&](Id view) { return phone.views[view].session == id; };
   const auto &shown = phone.controllerSubviews;
-  return id != 0 && (id == captureSession || holds(roomCaptureView) || holds(phone.newestScanView) ||
-                     std::any_of(shown.begin(), shown.end(), holds));
+  return id != 0 &&
+         (id == captureSession || holds(roomCaptureView) || std::any_of(shown.begin(), shown.end(), holds));
 }
 
 Id Model::currentSession() const {

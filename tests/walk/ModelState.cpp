@@ -83,7 +83,11 @@ std::vector<std::pair<const char *, std::string>> Model::looks() {
   const auto &session = phone.sessions[current];
   if (phone.window != "none") phone.arrangeWindow();
   std::vector<std::string> parts;
-  const ModelView &scanView = phone.views[phone.newestScanView];
+  const Id newest = phone.newestScanView;
+  const auto &shown = phone.controllerSubviews;
+  const bool isHeld =
+      newest == roomCaptureView || std::find(shown.begin(), shown.end(), newest) != shown.end();
+  const ModelView &scanView = phone.views[isHeld ? newest : 0];
   for (int i = 0; i < scanView.subviews; ++i)
     parts.push_back("subview " + std::to_string(i) + (i == 1 && scanView.hidesSecond ? " (hidden)" : ""));
   return {

@@ -174,7 +174,8 @@ std::shared_ptr<ARSCNView> SimulatedScreen::makeARSCNView(const std::optional<AR
 void SimulatedScreen::reset() {
   window_ = std::make_shared<ViewTree::View>("window");
   hostView_ = std::make_shared<ViewTree::View>("host");
-  controllerView_ = scanView_ = nullptr;
+  controllerView_ = nullptr;
+  scanView_.reset();
   arrangeWindow();
 }
 
@@ -189,7 +190,8 @@ std::vector<std::string> SimulatedScreen::controllerSubviews() const {
 }
 
 std::vector<std::string> SimulatedScreen::scanViewSubviews() const {
-  return scanView_ ? tree_->subviewNames(scanView_) : std::vector<std::string>{};
+  const auto view = scanView_.lock();
+  return view ? tree_->subviewNames(view) : std::vector<std::string>{};
 }
 
 }  // namespace vantorel

@@ -36,7 +36,8 @@ class SimulatedScreen : public Screen {
 
   DeviceParts &device_;
   const std::shared_ptr<ViewTree> tree_ = std::make_shared<ViewTree>();
-  ViewTree::Ref window_, hostView_, controllerView_, scanView_;
+  ViewTree::Ref window_, hostView_, controllerView_;
+  std::weak_ptr<ViewTree::View> scanView_;  // lives as long as it is shown, or somebody else holds it
 };
 
 }  // namespace vantorel
