@@ -43,7 +43,7 @@ struct ControllerState {
   Guarded<std::shared_ptr<RoomCaptureView>> roomCaptureView;
   std::shared_ptr<RootViewController> rootViewController;
   Guarded<RoomCaptureSessionConfiguration> roomCaptureSessionConfig;
-  Guarded<std::shared_ptr<ARSCNView>> sceneView;
+  SceneViewSlot sceneView;
   std::shared_ptr<ARSession> customARSession;
   bool nativeScreenshot = false;
   bool nativeScreenshotPreview = false;

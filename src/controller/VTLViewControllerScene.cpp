@@ -20,6 +20,7 @@ void VTLViewController::Initialize() {
   callbacks_.VTLDidStart.fire();
   if (!isCustomXREnabled) startRenderThread();
   loadedView().ignoreTouches();
+  viewController_->exposeSceneView(std::shared_ptr<SceneViewSlot>(shared_from_this(), &sceneView));
   isPresent = true;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/Geometry.h"
+#include "base/Guarded.h"
 #include "platform/ARSession.h"
 #include "platform/RoomCaptureSession.h"
 
@@ -65,6 +66,9 @@ struct ARSCNViewSettings {
 /// The plain camera view with an empty scene.
 class ARSCNView : public View {};
 
+/// Where the camera view is kept, or null.
+using SceneViewSlot = Guarded<std::shared_ptr<ARSCNView>>;
+
 /// The host window's root view controller.
 class RootViewController {
  public:
@@ -86,6 +90,8 @@ class ViewController {
   virtual void ignoreTouches() = 0;
   /// Without animation; nothing happens when the controller is in no navigation controller.
   virtual void dismissNavigationController() = 0;
+  /// Lets others read and write the slot by the name "sceneView", where the platform's runtime finds members by name.
+  virtual void exposeSceneView(std::weak_ptr<SceneViewSlot> slot) = 0;
 };
 
 class Window {

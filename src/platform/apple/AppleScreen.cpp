@@ -57,12 +57,13 @@ class AppleViewController final : public ViewController {
   bool loadView() override { return vantorel_swift_view_controller_load_view(handle()); }
   Rect bounds() override { return rect(vantorel_swift_view_controller_bounds(handle())); }
   void insertAtBack(View &view) override {
-    const auto native = dynamic_cast<NativeView &>(view).handle();
-    vantorel_swift_view_controller_insert_at_back(handle(), native);
-    if (dynamic_cast<ARSCNView *>(&view)) vantorel_swift_view_controller_show_scene_view(handle(), native);
+    vantorel_swift_view_controller_insert_at_back(handle(), dynamic_cast<NativeView &>(view).handle());
   }
   void ignoreTouches() override { vantorel_swift_view_controller_ignore_touches(handle()); }
   void dismissNavigationController() override { vantorel_swift_view_controller_dismiss_navigation(handle()); }
+  void exposeSceneView(std::weak_ptr<SceneViewSlot> slot) override {
+    vantorel_swift_view_controller_expose_scene_view(handle(), carry(std::move(slot)));
+  }
   vantorel_swift_handle handle() const { return controller_.get(); }
 
  private:
@@ -160,4 +161,15 @@ bool vantorel_core_scan_view_should_present(void *context) noexcept {
 void vantorel_core_scan_view_did_present(void *context) noexcept {
   if (const auto delegate = carried<std::weak_ptr<RoomCaptureViewDelegate>>(context).lock())
     delegate->captureViewDidPresent();
+}
+
+vantorel_swift_handle vantorel_core_scene_view(void *context) noexcept {
+  const auto slot = carried<std::weak_ptr<SceneViewSlot>>(context).lock();
+  const auto view = slot ? slot->load() : nullptr;
+  return view ? vantorel_swift_retain(static_cast<AppleARSCNView &>(*view).handle()) : nullptr;
+}
+
+void vantorel_core_set_scene_view(void *context, vantorel_swift_handle view) noexcept {
+  const auto kept = view ? std::make_shared<AppleARSCNView>(Handle(view)) : nullptr;
+  if (const auto slot = carried<std::weak_ptr<SceneViewSlot>>(context).lock()) slot->store(kept);
 }

@@ -12,10 +12,7 @@ using namespace vantorel::apple;
 
 void vantorel_core_drop(void *context) noexcept { delete static_cast<Context *>(context); }
 
-void vantorel_core_run(void *work) noexcept {
-  const std::unique_ptr<std::function<void()>> owned(static_cast<std::function<void()> *>(work));
-  (*owned)();
-}
+void vantorel_core_run(void *work) noexcept { carried<Work>(work)(); }
 
 void vantorel_core_object(void *object, vantorel_swift_handle found) noexcept {
   static_cast<Handle *>(object)->reset(found);

@@ -46,7 +46,8 @@ using Completion = std::function<void(Handle)>;
 inline void *asCompletion(Completion completion) { return carry(std::move(completion)); }
 
 /// Work for Swift to run once.
-inline void *asWork(std::function<void()> work) { return new std::function<void()>(std::move(work)); }
+using Work = std::function<void()>;
+inline void *asWork(Work work) { return carry(std::move(work)); }
 
 /// Runs `call(error)`; where it returns false, its error is thrown.
 template <typename Call>

@@ -9,7 +9,7 @@
  *      of vantorel_swift_... it is borrowed for the call.
  *  (3) A `context` is an object of C++ that belongs to Swift, which gives it back once with vantorel_core_drop when
  *      nothing in Swift can use it any more.
- *  (4) A `work` is a function of C++ that Swift runs exactly once with vantorel_core_run, which also frees it.
+ *  (4) A `work` is a context that Swift runs once with vantorel_core_run before it gives it back.
  *  (5) Texts into Swift are NUL-terminated UTF-8 and read during the call. Texts and bytes out of Swift go to
  *      vantorel_core_text with the `text`, `bytes` or `error` that was handed in, before the call returns.
  *  (6) A function that can fail returns false then, with the platform's description in `error`. What it makes goes
@@ -256,9 +256,12 @@ vantorel_swift_handle _Nullable vantorel_swift_window_root_view_controller(vanto
 
 /** The library's own. */
 vantorel_swift_handle vantorel_swift_view_controller_create(void);
-/** Makes `view` the library's own controller's `sceneView`, until nothing holds it any more. */
-void vantorel_swift_view_controller_show_scene_view(vantorel_swift_handle controller,
-                                                    vantorel_swift_handle view);
+/** The library's own controller has the core's camera view as a property `sceneView`. */
+void vantorel_swift_view_controller_expose_scene_view(vantorel_swift_handle controller, void *context);
+/** Retained once for Swift; null when there is none. */
+vantorel_swift_handle _Nullable vantorel_core_scene_view(void *context) VANTOREL_SWIFT_NOEXCEPT;
+void vantorel_core_set_scene_view(void *context,
+                                  vantorel_swift_handle _Nullable view) VANTOREL_SWIFT_NOEXCEPT;
 /** Any view controller. False when there is no view then. */
 bool vantorel_swift_view_controller_load_view(vantorel_swift_handle controller);
 bool vantorel_swift_view_controller_make_transparent(vantorel_swift_handle controller);

@@ -38,8 +38,6 @@ SimulatedPlatform &simulatedPlatform() {
   return platform;
 }
 
-Platform &platform() { return simulatedPlatform(); }
-
 // ---- Ports ----
 
 std::shared_ptr<CaptureDevice> SimulatedPlatform::defaultCamera() {
@@ -92,6 +90,7 @@ void SimulatedPlatform::stop(std::string_view message) {
 // ---- Control ----
 
 void SimulatedPlatform::powerCycle() {
+  ++powerCycles_;
   console_.setMuted(true);
   parts_.scheduler.shutDown();
   crash_.store(std::nullopt);

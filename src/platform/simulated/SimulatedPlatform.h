@@ -11,6 +11,7 @@
 #include "platform/simulated/SimulatedScreen.h"
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,6 +50,8 @@ class SimulatedPlatform : public Platform {
   void setCrashContained(bool value) { isCrashContained_ = value; }
   /// The message it crashed with.
   std::optional<std::string> crash() const { return crash_.load(); }
+  /// Their number so far.
+  std::uint64_t powerCycles() const { return powerCycles_; }
   void setFreeRunning(bool value) { isFreeRunningNext_ = value; }
   /// An AR session as the host would have one; what arSession() takes.
   void *hostARSession() { return hostARSession_.get(); }
@@ -73,9 +76,10 @@ class SimulatedPlatform : public Platform {
   bool isFreeRunningNext_ = false;
   std::atomic<bool> isCrashContained_ = false;
   Guarded<std::optional<std::string>> crash_;
+  std::uint64_t powerCycles_ = 0;
 };
 
-/// The one that platform() gives.
+/// The one that the whole process has; a desktop's platform() gives it.
 SimulatedPlatform &simulatedPlatform();
 
 }  // namespace vantorel

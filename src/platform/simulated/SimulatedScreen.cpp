@@ -69,6 +69,7 @@ class SimulatedViewController : public ViewController, public Placed {
   void dismissNavigationController() override {
     device_.notes.set("navigationController.dismissals", std::to_string(++dismissals_));
   }
+  void exposeSceneView(std::weak_ptr<SceneViewSlot>) override {}  // nothing looks by name here
 
  private:
   const Rect bounds_;

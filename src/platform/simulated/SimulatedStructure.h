@@ -16,6 +16,8 @@ class SimulatedStructure : public CapturedStructure {
   std::string jsonText() const override;
   void writeUsdz(const std::string &path, const std::string &metadataPath) const override;
 
+  const StructureDocument &document() const { return document_; }
+
  private:
   const StructureDocument document_;
   DeviceParts &device_;

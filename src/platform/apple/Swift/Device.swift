@@ -61,21 +61,20 @@ public func vantorel_swift_remove_item(_ path: UnsafePointer<CChar>, _ error: Un
 // ---- Queues and threads ----
 
 @_cdecl("vantorel_swift_main_async")
-public func vantorel_swift_main_async(_ work: UnsafeMutableRawPointer) {
-    nonisolated(unsafe) let work = work
-    DispatchQueue.main.async { vantorel_core_run(work) }
-}
+public func vantorel_swift_main_async(_ work: UnsafeMutableRawPointer) { runOnMain(Context(work)) }
+
+func runOnMain(_ work: Context) { DispatchQueue.main.async { vantorel_core_run(work.raw) } }
 
 @_cdecl("vantorel_swift_main_after")
 public func vantorel_swift_main_after(_ nanoseconds: Int64, _ work: UnsafeMutableRawPointer) {
-    nonisolated(unsafe) let work = work
-    DispatchQueue.main.asyncAfter(deadline: .now() + .nanoseconds(Int(nanoseconds))) { vantorel_core_run(work) }
+    let work = Context(work)
+    DispatchQueue.main.asyncAfter(deadline: .now() + .nanoseconds(Int(nanoseconds))) { vantorel_core_run(work.raw) }
 }
 
 @_cdecl("vantorel_swift_start_thread")
 public func vantorel_swift_start_thread(_ work: UnsafeMutableRawPointer) {
-    nonisolated(unsafe) let work = work
-    Thread { vantorel_core_run(work) }.start()
+    let work = Context(work)
+    Thread { vantorel_core_run(work.raw) }.start()
 }
 
 @_cdecl("vantorel_swift_run_current_run_loop")

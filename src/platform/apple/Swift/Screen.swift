@@ -53,20 +53,29 @@ public func vantorel_swift_window_root_view_controller(_ window: vantorel_swift_
     return controller.viewIfLoaded
 }
 
-/// The library's own. `sceneView` is there for whoever asks by name; weak, because the core drops the view when it wants.
+/// The library's own. `sceneView` is there for whoever reads or writes it by name; the core keeps it.
 final class ViewController: UIViewController {
+    var sceneViewSlot: Context?
+
     #if canImport(ObjectiveC)
     @objc
     #endif
-    dynamic weak var sceneView: ARSCNView?
+    dynamic var sceneView: ARSCNView? {
+        get {
+            guard let slot = sceneViewSlot, let view = vantorel_core_scene_view(slot.raw) else { return nil }
+            defer { vantorel_swift_release(view) }
+            return borrowed(view)
+        }
+        set { sceneViewSlot.map { vantorel_core_set_scene_view($0.raw, newValue.map(retained)) } }
+    }
 }
 
 @MainActor @_cdecl("vantorel_swift_view_controller_create")
 public func vantorel_swift_view_controller_create() -> vantorel_swift_handle { retained(ViewController()) }
 
-@MainActor @_cdecl("vantorel_swift_view_controller_show_scene_view")
-public func vantorel_swift_view_controller_show_scene_view(_ controller: vantorel_swift_handle, _ view: vantorel_swift_handle) {
-    borrowed(controller, as: ViewController.self).sceneView = borrowed(view, as: ARSCNView.self)
+@MainActor @_cdecl("vantorel_swift_view_controller_expose_scene_view")
+public func vantorel_swift_view_controller_expose_scene_view(_ controller: vantorel_swift_handle, _ slot: UnsafeMutableRawPointer) {
+    borrowed(controller, as: ViewController.self).sceneViewSlot = Context(slot)
 }
 
 @MainActor @_cdecl("vantorel_swift_view_controller_load_view")

@@ -6,12 +6,12 @@ import VantorelSwift
 
 /// Runs once: when told to, or when its sheet is gone without a word, as one that was never shown.
 final class Closing {
-    private var work: UnsafeMutableRawPointer?
-    init(_ work: UnsafeMutableRawPointer) { self.work = work }
+    private var work: Context?
+    init(_ work: Context) { self.work = work }
     deinit { run() }
 
     func run() {
-        if let work { vantorel_swift_main_async(work) }
+        if let work { runOnMain(work) }
         work = nil
     }
 }
@@ -63,14 +63,14 @@ final class ShareSheet: UIActivityViewController {
 public func vantorel_swift_preview_file(_ window: vantorel_swift_handle?, _ path: UnsafePointer<CChar>, _ closed: UnsafeMutableRawPointer) {
     let sheet = PreviewSheet()
     sheet.file = NSURL(fileURLWithPath: String(cString: path))
-    sheet.closing = Closing(closed)
+    sheet.closing = Closing(Context(closed))
     sheet.dataSource = sheet
     present(sheet, over: window.map { borrowed($0) })
 }
 
 @MainActor func share(_ item: Any, over window: vantorel_swift_handle?, _ closed: UnsafeMutableRawPointer) {
     let sheet = ShareSheet(activityItems: [item], applicationActivities: nil)
-    sheet.closing = Closing(closed)
+    sheet.closing = Closing(Context(closed))
     present(sheet, over: window.map { borrowed($0) })
 }
 

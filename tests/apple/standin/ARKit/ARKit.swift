@@ -1,5 +1,6 @@
 @_exported import SceneKit
 @_exported import simd
+import Phone
 
 public protocol ARSessionObserver: NSObjectProtocol {}
 public protocol ARSessionDelegate: ARSessionObserver {}
@@ -10,23 +11,25 @@ public final class ARCamera: NSObject {
         case notAvailable, normal
         case limited(Reason)
     }
-    public let trackingState: TrackingState
     public let transform: simd_float4x4
+    public let trackingState: TrackingState
+    private let session: DeviceObject
 
-    init(_ trackingState: TrackingState) {
-        self.trackingState = trackingState
-        var pose = simd_float4x4()
-        pose.columns = (simd_float4(0, 1, 0, 0), simd_float4(-1, 0, 0, 0), simd_float4(0, 0, 1, 0), simd_float4(2, 3, 4, 1))
-        transform = pose
+    init?(_ session: DeviceObject) {
+        guard let pose = matrix({ device_ar_session_transform(session.raw, $0) }) else { return nil }
+        (self.session, transform) = (session, pose)
+        trackingState = device_ar_session_is_tracking_normal(session.raw) ? .normal : .limited(.relocalizing)
     }
-    /// No projection: in its first row the orientation and the size, in the next the planes.
     public func projectionMatrix(for orientation: UIInterfaceOrientation, viewportSize: CGSize, zNear: CGFloat, zFar: CGFloat) -> simd_float4x4 {
-        var request = simd_float4x4()
-        request.columns.0 = simd_float4(Float(orientation.rawValue), Float(zNear), 0, 0)
-        request.columns.1 = simd_float4(Float(viewportSize.width), Float(zFar), 0, 0)
-        request.columns.2 = simd_float4(Float(viewportSize.height), 0, 0, 0)
-        return request
+        let turned = Int32(deviceOrientations.firstIndex(of: orientation) ?? 0)
+        return matrix { device_ar_session_projection(session.raw, turned, viewportSize.width, viewportSize.height, zNear, zFar, $0) }!
     }
+}
+
+private func matrix(_ read: (UnsafeMutablePointer<Float>) -> Bool) -> simd_float4x4? {
+    var elements = simd_float4x4()
+    let isThere = withUnsafeMutableBytes(of: &elements) { read($0.assumingMemoryBound(to: Float.self).baseAddress!) }
+    return isThere ? elements : nil
 }
 
 public final class ARFrame: NSObject {
@@ -34,16 +37,41 @@ public final class ARFrame: NSObject {
     init(_ camera: ARCamera) { self.camera = camera }
 }
 
-/// Counts the maps before it.
 public final class ARWorldMap: NSObject, NSSecureCoding, @unchecked Sendable {
-    let generation: Int32
-    init(generation: Int32) { self.generation = generation }
+    let map: DeviceObject
+    init(_ map: DeviceObject) { self.map = map }
     public static var supportsSecureCoding: Bool { true }
-    public required init?(coder: NSCoder) { generation = coder.decodeInt32(forKey: "generation") }
-    public func encode(with coder: NSCoder) { coder.encode(generation, forKey: "generation") }
+    public required init?(coder: NSCoder) {
+        guard let bytes = coder.decodeObject(of: NSData.self, forKey: "map") else { return nil }
+        guard let map = device_map_unarchive(bytes.bytes, bytes.length) else { return nil }
+        self.map = DeviceObject(map)
+    }
+    /// What the archive seems to be of.
+    public override class func classForKeyedUnarchiver() -> AnyClass {
+        if fails("unarchive") { return DamagedMap.self }
+        return fails("unarchiveNone") ? NoMap.self : self
+    }
+    public func encode(with coder: NSCoder) {
+        var error: UnsafeMutablePointer<CChar>?
+        let bytes = data(device_map_archive(map.raw, &error))
+        do { try orThrow(error) } catch { coder.failWithError(error) }
+        coder.encode(bytes.map { $0 as NSData }, forKey: "map")
+    }
 }
 
-/// Its tracking is normal at once; after a run from a map only for the second one who asks.
+/// Cannot be made from an archive.
+final class DamagedMap: NSObject, NSSecureCoding {
+    static var supportsSecureCoding: Bool { true }
+    init?(coder: NSCoder) { nil }
+    func encode(with coder: NSCoder) {}
+}
+
+final class NoMap: NSObject, NSSecureCoding {
+    static var supportsSecureCoding: Bool { true }
+    init(coder: NSCoder) {}
+    func encode(with coder: NSCoder) {}
+}
+
 public final class ARSession: NSObject, @unchecked Sendable {
     public struct RunOptions: OptionSet, Sendable {
         public let rawValue: UInt
@@ -52,24 +80,23 @@ public final class ARSession: NSObject, @unchecked Sendable {
         public static let removeExistingAnchors = RunOptions(rawValue: 2)
     }
 
-    public weak var delegate: (any ARSessionDelegate)?
-    private let lock = NSLock()
-    private var generation: Int32 = 1
-    private var trackings: [ARCamera.TrackingState] = []
+    public let standin: DeviceObject
+    public init(standin: DeviceObject) { self.standin = standin }
+    public override convenience init() { self.init(standin: DeviceObject(device_ar_session_create())) }
 
+    public weak var delegate: (any ARSessionDelegate)? {
+        didSet { device_ar_session_set_delegate(standin.raw, delegate != nil) }
+    }
     public func run(_ configuration: ARConfiguration, options: RunOptions = []) {
-        guard options.isEmpty, let map = (configuration as? ARWorldTrackingConfiguration)?.initialWorldMap else { return }
-        lock.withLock { (generation, trackings) = (map.generation + 1, [.limited(.relocalizing)]) }
+        precondition(options.isEmpty)
+        device_ar_session_run(standin.raw, (configuration as! ARWorldTrackingConfiguration).initialWorldMap?.map.raw)
     }
-    public var currentFrame: ARFrame? {
-        lock.withLock {
-            if !standinHasFrames { return nil }
-            return ARFrame(ARCamera(trackings.isEmpty ? .normal : trackings.removeFirst()))
-        }
-    }
+    public var currentFrame: ARFrame? { ARCamera(standin).map(ARFrame.init) }
     public func getCurrentWorldMap(completionHandler: @escaping @Sendable (ARWorldMap?, (any Error)?) -> Void) {
-        let map = standinHasFrames ? ARWorldMap(generation: lock.withLock { generation }) : nil
-        DispatchQueue.global().async { completionHandler(map, map == nil ? CocoaError(.featureUnsupported) : nil) }
+        device_ar_session_get_map(standin.raw, callback { map in
+            let map = map.map { ARWorldMap(DeviceObject(UnsafeMutableRawPointer(mutating: $0))) }
+            completionHandler(map, map == nil ? CocoaError(.featureUnsupported) : nil)
+        })
     }
 }
 
@@ -82,33 +109,41 @@ open class ARConfiguration: NSObject {
 }
 
 public final class ARWorldTrackingConfiguration: ARConfiguration {
-    public class func supportsSceneReconstruction(_ sceneReconstruction: SceneReconstruction) -> Bool { true }
+    public class func supportsSceneReconstruction(_ sceneReconstruction: SceneReconstruction) -> Bool { device_has_lidar() }
     public var initialWorldMap: ARWorldMap?
 }
 
 public protocol ARSCNViewDelegate: SCNSceneRendererDelegate, ARSessionObserver {}
 
 public final class ARSCNView: SCNView {
-    public var session = ARSession()
+    public var session = ARSession() { didSet { hasSession = true } }
     public weak var delegate: (any ARSCNViewDelegate)?
     public var automaticallyUpdatesLighting = true
     public var rendersCameraGrain = true
     public var rendersMotionBlur = false
+    private var hasSession = false
+    private let view = DeviceObject(device_camera_view_create())
+
+    public override var standin: DeviceObject? { view }
+    public override func settingsChanged() {
+        var settings = device_camera_view()
+        settings.frame = device_rect(frame)
+        (settings.hasSession, settings.hasDelegate) = (hasSession && scene != nil, delegate != nil)
+        settings.antialiasingMode = Int32(antialiasingMode.rawValue)
+        settings.automaticallyUpdatesLighting = automaticallyUpdatesLighting
+        settings.rendersCameraGrain = rendersCameraGrain
+        settings.rendersMotionBlur = rendersMotionBlur
+        settings.preferredFramesPerSecond = Int32(preferredFramesPerSecond)
+        device_camera_view_note(&settings)
+    }
 }
 
-// ---- Steering ----
+// ---- For tests ----
 
-nonisolated(unsafe) private var standinHasFrames = false  // set between scans
-
-/// Whether sessions have frames, and therefore maps.
-@_cdecl("standin_set_has_frames")
-public func standin_set_has_frames(_ hasFrames: Bool) { standinHasFrames = hasFrames }
-
-/// Of the map that the file holds.
-@_cdecl("standin_map_generation")
-public func standin_map_generation(_ path: UnsafePointer<CChar>) -> Int32 {
-    let bytes = try! Data(contentsOf: URL(fileURLWithPath: String(cString: path)))
-    return try! NSKeyedUnarchiver.unarchivedObject(ofClass: ARWorldMap.self, from: bytes)!.generation
+/// What the host hands over for vantorelDeviceARSession; retained.
+@_cdecl("standin_host_ar_session")
+public func standin_host_ar_session() -> UnsafeMutableRawPointer {
+    Unmanaged.passRetained(ARSession(standin: DeviceObject(device_ar_session_of_host()))).toOpaque()
 }
 
 /// Writes an archive of something else.

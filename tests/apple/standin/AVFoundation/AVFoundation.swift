@@ -1,5 +1,5 @@
-// A camera with a torch.
-import Foundation
+// The device's camera with its torch.
+import Phone
 
 public struct AVMediaType: RawRepresentable, Hashable, Sendable {
     public let rawValue: String
@@ -10,33 +10,23 @@ public struct AVMediaType: RawRepresentable, Hashable, Sendable {
 public final class AVCaptureDevice: NSObject, @unchecked Sendable {
     public enum TorchMode: Int, Sendable { case off, on, auto }
 
-    public class func `default`(for mediaType: AVMediaType) -> AVCaptureDevice? { mediaType == .video ? camera : nil }
-    public private(set) var hasTorch: Bool
-    public func lockForConfiguration() throws {
-        if isLockRefused { throw CocoaError(.featureUnsupported) }
-        log += "lock "
+    public class func `default`(for mediaType: AVMediaType) -> AVCaptureDevice? {
+        mediaType == .video ? device_camera().map { AVCaptureDevice(DeviceObject($0)) } : nil
     }
-    public var torchMode = TorchMode.off { didSet { log += "\(torchMode) " } }
-    public func unlockForConfiguration() { log += "unlock " }
+    public var hasTorch: Bool { device_camera_has_torch(camera.raw) }
+    public func lockForConfiguration() throws {
+        try orThrow(device_camera_lock(camera.raw))
+        isLocked = true
+    }
+    /// Stops where Apple's raises an exception.
+    public var torchMode = TorchMode.off {
+        willSet { precondition(isLocked && hasTorch) }
+        didSet { device_camera_set_torch(camera.raw, torchMode == .on) }
+    }
+    public func unlockForConfiguration() { isLocked = false }
 
-    fileprivate let isLockRefused: Bool
-    fileprivate init(hasTorch: Bool, isLockRefused: Bool) { (self.hasTorch, self.isLockRefused) = (hasTorch, isLockRefused) }
-}
-
-nonisolated(unsafe) private var camera: AVCaptureDevice?
-nonisolated(unsafe) private var log = ""
-
-// ---- Steering ----
-
-@_cdecl("standin_remove_camera")
-public func standin_remove_camera() { camera = nil }
-
-@_cdecl("standin_connect_camera")
-public func standin_connect_camera(_ hasTorch: Bool, _ isLockRefused: Bool) { camera = AVCaptureDevice(hasTorch: hasTorch, isLockRefused: isLockRefused) }
-
-/// What was done to cameras since the last call. To be freed.
-@_cdecl("standin_camera_log")
-public func standin_camera_log() -> UnsafeMutablePointer<CChar>? {
-    defer { log = "" }
-    return strdup(log)
+    private let camera: DeviceObject
+    private var isLocked = false
+    private init(_ camera: DeviceObject) { self.camera = camera }
+    deinit { precondition(!isLocked) }
 }

@@ -1,5 +1,5 @@
-// A display link on a timer. Where there is no Objective-C a selector is the method itself.
-import Foundation
+// A display link at the device's pace. Where there is no Objective-C a selector is the method itself.
+import Phone
 
 #if !canImport(ObjectiveC)
 public struct Selector {
@@ -18,30 +18,29 @@ public struct CAFrameRateRange {
     }
 }
 
-public final class CADisplayLink: NSObject, @unchecked Sendable {
-    private let lock = NSLock()
-    private var action: (() -> Void)?
-    private var timer: Timer?
-    private let start = Date()
+public typealias CFTimeInterval = Double
 
+public final class CADisplayLink: NSObject, @unchecked Sendable {
+    private var link: DeviceObject!
+
+    /// The device holds the action, and so the target, until the link is invalidated.
     public init(target: Any, selector: Selector) {
         super.init()
-        action = { [unowned self] in selector.call(target, self) }  // retains the target, as Apple's does
+        let fire = { [weak self] in self.map { selector.call(target, $0) } }
+        link = DeviceObject(device_link_create(callback { _ in fire() }))
     }
     public func add(to runLoop: RunLoop, forMode mode: RunLoop.Mode) {
-        let timer = Timer(timeInterval: 1.0 / 60, repeats: true) { _ in self.lock.withLock { self.action }?() }
-        lock.withLock { self.timer = timer }
-        runLoop.add(timer, forMode: mode)
+        device_link_add(link.raw, mode == .common)
     }
     public func invalidate() {
-        let (timer, action) = lock.withLock { (self.timer, self.action) }
-        lock.withLock { (self.timer, self.action) = (nil, nil) }
-        timer?.invalidate()
-        withExtendedLifetime(action) {}  // released here, outside the lock
+        device_link_invalidate(link.raw)
     }
-    public var preferredFrameRateRange = CAFrameRateRange(minimum: 0, maximum: 0)
-    public var timestamp: CFTimeInterval { Date().timeIntervalSince(start) }
-    public var targetTimestamp: CFTimeInterval { timestamp + 1.0 / 60 }
+    public var preferredFrameRateRange = CAFrameRateRange(minimum: 0, maximum: 0) {
+        didSet {
+            let range = preferredFrameRateRange
+            device_link_set_rate(link.raw, range.minimum, range.maximum, range.preferred ?? 0)
+        }
+    }
+    public var timestamp: CFTimeInterval { device_link_timestamp(link.raw) }
+    public var targetTimestamp: CFTimeInterval { device_link_target_timestamp(link.raw) }
 }
-
-public typealias CFTimeInterval = Double

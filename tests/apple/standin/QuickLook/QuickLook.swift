@@ -15,8 +15,8 @@ extension NSURL: QLPreviewItem {
 
 open class QLPreviewController: UIViewController {
     public weak var dataSource: (any QLPreviewControllerDataSource)?
-    open override var standinContent: String {
-        guard let dataSource, dataSource.numberOfPreviewItems(in: self) == 1 else { return "preview of nothing" }
-        return "preview " + (dataSource.previewController(self, previewItemAt: 0).previewItemURL?.path ?? "of nothing")
+    open override var standinContent: (kind: String, content: String)? {
+        guard let dataSource, dataSource.numberOfPreviewItems(in: self) == 1 else { return ("preview", "of nothing") }
+        return ("preview", dataSource.previewController(self, previewItemAt: 0).previewItemURL?.path ?? "of nothing")
     }
 }

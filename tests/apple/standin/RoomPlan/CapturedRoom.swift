@@ -1,9 +1,12 @@
 // Apple's declarations with synthesised coding: `{"wall":{}}` is Swift's own text for a case without a value.
 import ARKit
-import Foundation
+import Phone
 
 public struct CapturedRoom: Codable {
-    public private(set) var identifier = UUID()  // no part of the text
+    /// No part of the texts that iPhones write. A room that was decoded has the one that the device gives it.
+    public var identifier: UUID { told ?? storedIdentifier ?? identifierOfDecoded }
+    private var told: UUID?
+    private let storedIdentifier: UUID?
     public let walls, doors, windows, openings: [Surface]
     public let objects: [Object]
     let coreModel: String?
@@ -20,7 +23,7 @@ public struct CapturedRoom: Codable {
 
     enum CodingKeys: String, CodingKey {
         case walls, doors, windows, openings, objects, coreModel, referenceOriginTransform
-        case storedFloors = "floors", storedSections = "sections", storedStory = "story", storedVersion = "version"
+        case storedFloors = "floors", storedSections = "sections", storedStory = "story", storedVersion = "version", storedIdentifier = "identifier"
     }
 
     public enum Confidence: Codable { case high, medium, low }
@@ -48,19 +51,20 @@ public struct CapturedRoom: Codable {
         public let confidence: Confidence
         public let transform: simd_float4x4
         public let dimensions: simd_float3
-        public let completedEdges: Set<Edge>
-        public var curve: Curve? { storedCurve.value }
-        private let storedCurve: Nullable<Curve>
-        private let storedParent: Nullable<UUID>
+        public var completedEdges: Set<Edge> { Set(storedEdges ?? []) }
+        private let storedEdges: [Edge]?  // a set's own order is another in every process
+        public var curve: Curve? { storedCurve?.value }
+        private let storedCurve: Nullable<Curve>?
+        private let storedParent: Nullable<UUID>?
         private let storedStory: Int?
         private let storedCorners: [simd_float3]?
 
-        @available(iOS 17.0, *) public var parentIdentifier: UUID? { storedParent.value }
+        @available(iOS 17.0, *) public var parentIdentifier: UUID? { storedParent?.value }
         @available(iOS 17.0, *) public var story: Int { storedStory ?? 0 }
         @available(iOS 17.0, *) public var polygonCorners: [simd_float3] { storedCorners ?? [] }
 
         enum CodingKeys: String, CodingKey {
-            case identifier, category, confidence, transform, dimensions, completedEdges
+            case identifier, category, confidence, transform, dimensions, storedEdges = "completedEdges"
             case storedCurve = "curve", storedParent = "parentIdentifier", storedStory = "story", storedCorners = "polygonCorners"
         }
     }
@@ -103,9 +107,55 @@ public struct CapturedRoom: Codable {
         public static let mesh = USDExportOptions(rawValue: 2)
     }
 
-    /// Writes no real model.
     public func export(to url: URL, exportOptions: USDExportOptions = .mesh) throws {
-        try Data("stand-in model".utf8).write(to: url)
+        precondition(exportOptions == .mesh)
+        try orThrow(text.withUnsafeBytes { device_room_export($0.baseAddress, $0.count, url.path) })
+    }
+}
+
+// ---- The way to the device and back ----
+
+extension CapturedRoom {
+    init(_ event: device_session_event) {
+        self = try! JSONDecoder().decode(CapturedRoom.self, from: Data(bytes: event.text, count: event.length))
+        told = UnsafeRawPointer(event.identifier).map { UUID(uuid: $0.loadUnaligned(as: uuid_t.self)) }
+    }
+
+    /// Foundation's, of everything that the room has.
+    var text: Data {
+        struct Members: Encodable {
+            let room: CapturedRoom
+            func encode(to encoder: any Encoder) throws { try room.encodeMembers(to: encoder) }
+        }
+        return try! JSONEncoder().encode(Members(room: self))
+    }
+
+    private var identifierOfDecoded: UUID {
+        var bytes = UUID().uuid
+        text.withUnsafeBytes { text in withUnsafeMutableBytes(of: &bytes) { device_room_identifier(text.baseAddress, text.count, $0.baseAddress) } }
+        return UUID(uuid: bytes)
+    }
+
+    /// A room of its own may fail; one within a structure is the structure's affair.
+    public func encode(to encoder: any Encoder) throws {
+        if encoder.codingPath.isEmpty { try orThrow(device_check("encodeRoom")) }
+        try encodeMembers(to: encoder)
+    }
+
+    private func encodeMembers(to encoder: any Encoder) throws {
+        var members = encoder.container(keyedBy: CodingKeys.self)
+        try members.encode(walls, forKey: .walls)
+        try members.encode(doors, forKey: .doors)
+        try members.encode(windows, forKey: .windows)
+        try members.encode(openings, forKey: .openings)
+        try members.encode(objects, forKey: .objects)
+        try members.encodeIfPresent(coreModel, forKey: .coreModel)
+        try members.encodeIfPresent(referenceOriginTransform, forKey: .referenceOriginTransform)
+        try members.encodeIfPresent(storedFloors, forKey: .storedFloors)
+        try members.encodeIfPresent(storedSections, forKey: .storedSections)
+        try members.encodeIfPresent(storedStory, forKey: .storedStory)
+        try members.encodeIfPresent(storedVersion, forKey: .storedVersion)
+        try members.encodeIfPresent(storedIdentifier, forKey: .storedIdentifier)
     }
 }
 

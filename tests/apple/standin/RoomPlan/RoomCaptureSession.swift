@@ -1,5 +1,5 @@
 import ARKit
-import Foundation
+import Phone
 
 public protocol RoomCaptureSessionDelegate: AnyObject {
     func captureSession(_ session: RoomCaptureSession, didStartWith configuration: RoomCaptureSession.Configuration)
@@ -21,7 +21,6 @@ extension RoomCaptureSessionDelegate {
     public func captureSession(_ session: RoomCaptureSession, didEndWith data: CapturedRoomData, error: (any Error)?) {}
 }
 
-/// Every run scans the room that standin_scan gave, in one update, on a queue of its own.
 public final class RoomCaptureSession: @unchecked Sendable {
     public struct Configuration {
         public var isCoachingEnabled = true
@@ -30,47 +29,52 @@ public final class RoomCaptureSession: @unchecked Sendable {
     public enum Instruction { case moveCloseToWall, moveAwayFromWall, slowDown, turnOnLight, normal, lowTexture }
 
     public let arSession: ARSession
-    public weak var delegate: (any RoomCaptureSessionDelegate)?
+    public weak var delegate: (any RoomCaptureSessionDelegate)? {
+        get { lock.withLock { kept } }
+        set { lock.withLock { kept = newValue } }
+    }
+    private let lock = NSLock()
+    private weak var kept: (any RoomCaptureSessionDelegate)?
     weak var view: RoomCaptureView?  // whose session it is
-    private let queue = DispatchQueue(label: "stand-in session")
+    private let session: DeviceObject
+    private var listener: DeviceObject?
+    private var configuration = Configuration()  // of the last run; with the lock
 
-    public init() { arSession = ARSession() }
-    @available(iOS 17.0, *) public init(arSession: ARSession? = nil) { self.arSession = arSession ?? ARSession() }
+    init(standin: DeviceObject) {
+        session = standin
+        arSession = ARSession(standin: DeviceObject(device_session_ar_session(session.raw)))
+        listener = DeviceObject(device_session_listen(session.raw, callback { [weak self] event in
+            self?.tell(event!.assumingMemoryBound(to: device_session_event.self).pointee)
+        }))
+    }
+    public convenience init() { self.init(standin: DeviceObject(device_session_create(nil))) }
+    @available(iOS 17.0, *) public convenience init(arSession: ARSession? = nil) {
+        self.init(standin: DeviceObject(device_session_create(arSession?.standin.raw)))
+    }
 
     public func run(configuration: Configuration) {
-        queue.async { [self] in
-            delegate?.captureSession(self, didStartWith: configuration)
-            if configuration.isCoachingEnabled { delegate?.captureSession(self, didProvide: .turnOnLight) }
-            guard let room = scannedRoom else { return }
-            delegate?.captureSession(self, didAdd: room)
-            delegate?.captureSession(self, didUpdate: room)
-        }
+        lock.withLock { self.configuration = configuration }
+        device_session_run(session.raw, configuration.isCoachingEnabled)
     }
-    public func stop() {
-        let view = view
-        queue.async { [self] in
-            delegate?.captureSession(self, didEndWith: CapturedRoomData(), error: nil)
+    public func stop() { device_session_stop(session.raw, true) }
+    @available(iOS 17.0, *) public func stop(pauseARSession: Bool = true) { device_session_stop(session.raw, pauseARSession) }
+
+    private func tell(_ event: device_session_event) {
+        switch Int(event.kind) {
+        case DEVICE_DID_START: delegate?.captureSession(self, didStartWith: lock.withLock { configuration })
+        case DEVICE_DID_UPDATE: delegate?.captureSession(self, didUpdate: CapturedRoom(event))
+        case DEVICE_DID_ADD: delegate?.captureSession(self, didAdd: CapturedRoom(event))
+        case DEVICE_DID_CHANGE: delegate?.captureSession(self, didChange: CapturedRoom(event))
+        case DEVICE_DID_REMOVE: delegate?.captureSession(self, didRemove: CapturedRoom(event))
+        case DEVICE_DID_PROVIDE: delegate?.captureSession(self, didProvide: Instruction(numbered: event.instruction))
+        default:
+            delegate?.captureSession(self, didEndWith: CapturedRoomData(), error: event.text.map { DeviceError($0) })
             view?.sessionEnded()
         }
     }
-    @available(iOS 17.0, *) public func stop(pauseARSession: Bool = true) { stop() }
 }
 
-// ---- Steering ----
-
-nonisolated(unsafe) var scannedRoom: CapturedRoom?  // set before a run
-
-/// The room that every later run scans. Stops where the file is no room.
-@_cdecl("standin_scan")
-public func standin_scan(_ path: UnsafePointer<CChar>) {
-    let bytes = try! Data(contentsOf: URL(fileURLWithPath: String(cString: path)))
-    scannedRoom = try! JSONDecoder().decode(CapturedRoom.self, from: bytes)
-}
-
-/// What Foundation writes for that room, by malloc.
-@_cdecl("standin_room_text")
-public func standin_room_text() -> UnsafeMutablePointer<CChar>? {
-    let encoder = JSONEncoder()
-    encoder.outputFormatting = [.prettyPrinted, .sortedKeys]
-    return strdup(String(decoding: try! encoder.encode(scannedRoom!), as: UTF8.self))
+extension RoomCaptureSession.Instruction {
+    /// The last one of the device's is a case of a later system, which no name stands for here either.
+    init(numbered number: Int32) { self = unsafeBitCast(UInt8(number), to: Self.self) }
 }

@@ -1,6 +1,5 @@
 import ARKit
-import Foundation
-import UIKit
+import Phone
 
 public protocol RoomCaptureViewDelegate: NSCoding {
     func captureView(shouldPresent roomDataForProcessing: CapturedRoomData, error: (any Error)?) -> Bool
@@ -14,37 +13,61 @@ extension RoomCaptureViewDelegate {
 
 /// Asks its delegate when the session has ended; which may be after everybody else has dropped the view.
 @MainActor @preconcurrency public final class RoomCaptureView: UIView {
-    public private(set) var captureSession: RoomCaptureSession! = RoomCaptureSession()
-    public weak var delegate: (any RoomCaptureViewDelegate & AnyObject)?
-    public var isModelEnabled = true {
-        didSet { if !isModelEnabled { modelView.removeFromSuperview() } }
+    #if canImport(ObjectiveC)  // whose protocols are of objects alone
+    public typealias Delegate = any RoomCaptureViewDelegate
+    #else
+    public typealias Delegate = any RoomCaptureViewDelegate & AnyObject
+    #endif
+    public let captureSession: RoomCaptureSession!
+    public weak var delegate: Delegate? {
+        didSet {
+            questioned = delegate
+            settingsChanged()
+        }
     }
-    private let modelView = ModelView()
+    private nonisolated(unsafe) weak var questioned: Delegate?
+    public var isModelEnabled = true { didSet { settingsChanged() } }
+    private let view = DeviceObject(device_scan_view_create())
 
     public override init(frame: CGRect) {
+        captureSession = RoomCaptureSession(standin: DeviceObject(device_scan_view_session(view.raw)))
         super.init(frame: frame)
-        addSubview(UIView())
-        addSubview(CoachingView())
-        addSubview(modelView)
         captureSession.view = self
     }
+    private func settingsChanged() { device_scan_view_note(device_rect(frame), isModelEnabled, delegate != nil) }
+
+    public override var standin: DeviceObject? { view }
+    public override var subviews: [UIView] {
+        (0..<device_scan_view_subview_count(view.raw)).map { ScanSubview(of: view, at: $0) }
+    }
+
     nonisolated func sessionEnded() {
-        DispatchQueue.main.async { [self] in
-            asked += 1
-            if delegate?.captureView(shouldPresent: CapturedRoomData(), error: nil) != false { presented += 1 }
-        }
+        guard let questioned else { return }
+        asked.add(questioned.captureView(shouldPresent: CapturedRoomData(), error: nil) ? 1000 : 1)
     }
 }
 
-final class CoachingView: UIView {}
-final class ModelView: UIView {}
+final class ScanSubview: UIView {
+    private let scanView: DeviceObject
+    private let index: Int
+    init(of scanView: DeviceObject, at index: Int) {
+        (self.scanView, self.index) = (scanView, index)
+        super.init(frame: .zero)
+    }
+    override var isHidden: Bool { didSet { device_scan_view_hide_subview(scanView.raw, index) } }
+}
 
-// ---- Steering ----
+// ---- For tests ----
 
-@MainActor private var asked: Int32 = 0, presented: Int32 = 0
+private final class Counter: @unchecked Sendable {
+    private let lock = NSLock()
+    private var count: Int32 = 0
+    func add(_ number: Int32) { lock.withLock { count += number } }
+    var value: Int32 { lock.withLock { count } }
+}
 
-/// How many scan views have asked, and how many have shown their result.
-@MainActor @_cdecl("standin_scan_views_asked")
-public func standin_scan_views_asked() -> Int32 { asked }
-@MainActor @_cdecl("standin_scan_views_presented")
-public func standin_scan_views_presented() -> Int32 { presented }
+private let asked = Counter()
+
+/// How many scan views have asked, and were told to show nothing; far more, if one was told otherwise.
+@_cdecl("standin_scan_views_asked")
+public func standin_scan_views_asked() -> Int32 { asked.value }

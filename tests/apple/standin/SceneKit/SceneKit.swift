@@ -9,5 +9,6 @@ public enum SCNAntialiasingMode: UInt { case none, multisampling2X, multisamplin
 @MainActor open class SCNView: UIView {
     public var scene: SCNScene?
     public var antialiasingMode = SCNAntialiasingMode.none
-    public var preferredFramesPerSecond = 0
+    public var preferredFramesPerSecond = 0 { didSet { settingsChanged() } }
+    open func settingsChanged() {}
 }

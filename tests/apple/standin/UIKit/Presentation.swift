@@ -1,5 +1,5 @@
 // Controllers that are shown over others, one turn of the main queue after they were asked to come or go.
-import Foundation
+import Phone
 
 @MainActor public protocol UIViewControllerTransitionCoordinatorContext: NSObjectProtocol {}
 
@@ -25,7 +25,7 @@ final class Transition: NSObject, UIViewControllerTransitionCoordinator {
     @MainActor static func run(_ controllers: [UIViewController], _ end: @MainActor @escaping () -> Void) {
         let transition = Transition()
         controllers.forEach { $0.transitionCoordinator = transition }
-        DispatchQueue.main.async {
+        mainAsync {
             MainActor.assumeIsolated {
                 end()
                 transition.completions.forEach { $0(transition) }
@@ -45,10 +45,14 @@ extension UIViewController {
         controller.popoverPresentationController?.checkSource()
         presentedViewController = controller
         controller.presentingViewController = self
-        Transition.run([self, controller]) { completion?() }
+        if let (kind, content) = controller.standinContent { device_present(kind, content) }
+        Transition.run([self, controller]) {
+            completion?()
+            if !isPersonSlow { mainAsync { MainActor.assumeIsolated { self.dismiss(animated: true) } } }
+        }
     }
 
-    public func dismiss(animated: Bool, completion: (() -> Void)? = nil) {
+    func dismissPresented(animated: Bool, completion: (() -> Void)?) {
         if let presented = presentedViewController {
             presented.isBeingDismissed = true
             Transition.run([self, presented]) {
@@ -93,46 +97,52 @@ open class UIActivityViewController: UIViewController {
         super.init()
     }
     open override var popoverPresentationController: UIPopoverPresentationController? { popover }
-    open override var standinContent: String {
-        items.map { item in
-            guard let url = item as? URL else { return "share text \(item)" }
-            return url.isFileURL ? "share file \(url.path)" : "share link \(url.absoluteString)"
-        }.joined(separator: ", ")
+    open override var standinContent: (kind: String, content: String)? {
+        let texts = items.map { item in (item as? URL).map { $0.isFileURL ? $0.path : $0.absoluteString } ?? "\(item)" }
+        return ("share", texts.joined(separator: ", "))
     }
 }
 
-// ---- Steering ----
+public final class UIAlertController: UIViewController {
+    public override var standinContent: (kind: String, content: String)? { ("alert", "") }
+}
 
-@MainActor private func root() -> UIViewController? {
+// ---- For tests ----
+
+@MainActor private var isPersonSlow = false
+
+@MainActor private var root: UIViewController? {
     (UIApplication.shared.connectedScenes.first as? UIWindowScene)?.windows.first?.rootViewController
 }
 
-@MainActor private func top() -> UIViewController? {
-    var top = root()
+@MainActor private var top: UIViewController? {
+    var top = root
     while let next = top?.presentedViewController { top = next }
     return top
 }
 
+/// Whether sheets stay until they are closed; else they go at once.
+@MainActor @_cdecl("standin_keep_sheets")
+public func standin_keep_sheets(_ isKept: Bool) { isPersonSlow = isKept }
+
 /// What is shown over the host's controller, from the lowest to the highest. To be freed.
 @MainActor @_cdecl("standin_presented")
 public func standin_presented() -> UnsafeMutablePointer<CChar>? {
-    let presented = sequence(first: root(), next: { $0?.presentedViewController }).compactMap { $0 }.dropFirst()
-    return strdup(presented.map(\.standinContent).joined(separator: " > "))
+    let presented = sequence(first: root, next: { $0?.presentedViewController }).compactMap { $0?.standinContent }
+    return strdup(presented.map { "\($0.kind) \($0.content)" }.joined(separator: " > "))
 }
 
 /// The person closes or swipes away what is on top.
 @MainActor @_cdecl("standin_close_top")
 public func standin_close_top() {
-    let sheet = top()
+    let sheet = top
     sheet?.presentingViewController?.dismiss(animated: true)
 }
 
 /// The host shows something of its own.
 @MainActor @_cdecl("standin_present_alert")
-public func standin_present_alert() { top()?.present(UIAlertController(), animated: true) }
+public func standin_present_alert() { top?.present(UIAlertController(), animated: true) }
 
 /// The host takes away whatever is shown.
 @MainActor @_cdecl("standin_dismiss_all")
-public func standin_dismiss_all() { root()?.dismiss(animated: true) }
-
-public final class UIAlertController: UIViewController {}
+public func standin_dismiss_all() { root?.dismiss(animated: true) }

@@ -15,6 +15,10 @@
 @property(class, readonly) BOOL supportsSecureCoding;
 @end
 
+@interface NSObject (NSKeyedUnarchiver)
++ (Class)classForKeyedUnarchiver;
+@end
+
 @interface NSString : NSObject
 @end
 

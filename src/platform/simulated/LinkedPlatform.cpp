@@ -1,0 +1,7 @@
+#include "platform/simulated/SimulatedPlatform.h"
+
+namespace vantorel {
+
+Platform &platform() { return simulatedPlatform(); }
+
+}  // namespace vantorel
