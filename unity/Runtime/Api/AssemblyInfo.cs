@@ -1,0 +1,4 @@
+using System.Runtime.CompilerServices;
+
+[assembly: InternalsVisibleTo("Vantorel.Simulation")]
+[assembly: InternalsVisibleTo("Vantorel.Tests")]

@@ -1,0 +1,5 @@
+using System.Runtime.CompilerServices;
+
+[assembly: InternalsVisibleTo("Vantorel")]
+[assembly: InternalsVisibleTo("Vantorel.Simulation")]
+[assembly: InternalsVisibleTo("Vantorel.Tests")]

@@ -1,0 +1,4 @@
+using System.Runtime.CompilerServices;
+
+[assembly: InternalsVisibleTo("Vantorel.EngineTests")]
+[assembly: InternalsVisibleTo("Vantorel.EditorTests")]
