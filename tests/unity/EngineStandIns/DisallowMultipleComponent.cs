@@ -1,0 +1,6 @@
+using System;
+
+namespace UnityEngine
+{
+    public sealed class DisallowMultipleComponent : Attribute { }
+}

@@ -1,0 +1,7 @@
+namespace UnityEngine
+{
+    public struct Rect
+    {
+        public float x, y, width, height;
+    }
+}

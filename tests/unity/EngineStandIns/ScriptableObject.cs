@@ -1,0 +1,4 @@
+namespace UnityEngine
+{
+    public class ScriptableObject : Object { }
+}

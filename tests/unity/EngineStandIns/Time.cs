@@ -1,0 +1,9 @@
+namespace UnityEngine
+{
+    public static class Time
+    {
+        public static int frameCount { get; set; }
+
+        public static float unscaledDeltaTime { get; set; }
+    }
+}
