@@ -65,7 +65,7 @@ VANTOREL_EXPORT void vantorelDeviceSetObserver(vantorelDeviceObserver observer) 
 
 /** JSON of one value: a property of the controller by its name, or "window.subviews", "view.subviews",
  *  "captureSession.isRunning", "roomCaptureSessionConfig.isCoachingEnabled", "renderThreads", "device.torch",
- *  "screenRecorder.isRecording", "device.crash",
+ *  "screenRecorder.isRecording", "device.crash", "device.hasNextScan",
  *  "recording.playedEvents" (of the recording that was set last; null without one),
  *  "roomCaptureView.subviews" (hidden ones are marked); or what the library told the platform:
  *  "window.isClear", "rootView.isTransparent", "view.ignoresTouches", "navigationController.dismissals",

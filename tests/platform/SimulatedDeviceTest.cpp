@@ -23,7 +23,9 @@ class SimulatedDeviceTest : public DeviceTest {
     initialize();
     isVTLDefaultScanEnabled(1);
     expectRefused(vantorelDeviceSetRoom(sampleRooms().at(0).c_str(), 2, 20), "");
+    EXPECT_EQ(state("device.hasNextScan"), "true");
     start();
+    EXPECT_EQ(state("device.hasNextScan"), "false");
     advance(0.5);
     taken(getVTLARCameraMatrixRuntime());
     update(walledRoom(3));
@@ -47,6 +49,7 @@ TEST_F(SimulatedDeviceTest, IsNewAfterAPowerCycle) {
   expectRefused(vantorelDeviceSetRoom(sampleRooms().at(0).c_str(), 2, 20), "");
   powerCycle();
   EXPECT_EQ(vantorelDeviceTime(), 0);
+  EXPECT_EQ(state("device.hasNextScan"), "false");
   EXPECT_EQ(MultiRoomSupport(), 1);
   EXPECT_EQ(state("device.torch"), "\"off\"");
   EXPECT_EQ(state("view.subviews"), "[]");

@@ -139,6 +139,7 @@ std::optional<std::string> SimulatedPlatform::stateJson(std::string_view name) {
   if (name == "view.subviews") return jsonOf(screen_.controllerSubviews());
   if (name == "roomCaptureView.subviews") return jsonOf(screen_.scanViewSubviews());
   if (name == "device.crash") return jsonOf(crash());
+  if (name == "device.hasNextScan") return jsonOf(parts_.sessions.hasNextScan());
   if (name == "renderThreads") return std::to_string(parts_.scheduler.renderThreadCount());
   if (name == "device.torch") return camera_->isLit() ? "\"on\"" : "\"off\"";
   if (name == "screenRecorder.isRecording") return jsonOf(screenRecorder_.isRecording());

@@ -1,0 +1,4 @@
+using System.Runtime.CompilerServices;
+
+[assembly: InternalsVisibleTo("Vantorel.Editor")]
+[assembly: InternalsVisibleTo("Vantorel.EditorTests")]

@@ -1,0 +1,11 @@
+namespace Vantorel.Editor
+{
+    internal enum PlanLineKind
+    {
+        Wall,
+        Door,
+        Window,
+        Opening,
+        Object,
+    }
+}
