@@ -1,5 +1,6 @@
 // Objects of two languages that come and go at the worst of times; what is wrong here, sanitizers find.
 #include "platform/Platform.h"
+#include "platform/apple/Border.h"
 #include "support/DeviceTest.h"
 
 extern "C" {
@@ -123,6 +124,12 @@ TEST_F(Lifetime, AnArchiveOfSomethingElseHoldsNoMap) {
   startCaptureSessionWithARWorldMap(file("other").c_str());
   advance();
   EXPECT_EQ(phase(), "scanning running");
+}
+
+TEST(Handles, OfAnotherKindStopTheProcessAndAreNamed) {
+  const apple::Handle window(vantorel_swift_first_window());
+  ASSERT_TRUE(window);
+  EXPECT_DEATH(vantorel_swift_room_is_empty(window.get()), "UIWindow.*CapturedRoom");
 }
 
 }  // namespace
