@@ -129,7 +129,8 @@ namespace Vantorel.Tests
             var structure = CapturedStructure.Load(saved.JsonPath);
             Assert.AreEqual(2, structure.Rooms.Count);
             Assert.AreEqual(Session.Room.Walls.Count, structure.Walls.Count);
-            Fails<TimeoutException>(Session.MergeAsync(new[] { "no room" }, "home", "other"));
+            Fails<TimeoutException>(Session.MergeAsync(new[] { "{\"version\":2}" }, "home", "bare"));
+            Fails<ArgumentException>(Session.MergeAsync(new[] { Session.RoomText, "no room" }, "home", "other"));
             Fails<ArgumentException>(Session.MergeAsync(new string[0], "home", "none"));
             Fails<ArgumentException>(Session.MergeAsync(new[] { Session.RoomText, null }, "home", "half"));
             Device.SetOption("ios", "16.0");

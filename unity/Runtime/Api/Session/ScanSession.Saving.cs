@@ -33,7 +33,7 @@ namespace Vantorel
 
         /// <summary>Merges rooms of one space into one structure and saves it into documents/directory/scan.</summary>
         /// <param name="rooms">Room texts, as <see cref="RoomText"/> gives them.</param>
-        /// <exception cref="ArgumentException">There is no room, or one without text.</exception>
+        /// <exception cref="ArgumentException">There is no room, or a text that is none.</exception>
         /// <exception cref="NotSupportedException">No LiDAR, or before iOS 17.</exception>
         /// <exception cref="DirectoryNotFoundException">There is no documents folder.</exception>
         /// <exception cref="IOException">There is a scan of that name.</exception>
@@ -50,14 +50,26 @@ namespace Vantorel
             return saved;
         }
 
-        /// <summary>The library passes over empty texts: a room would be missing in silence.</summary>
+        /// <summary>The library passes over texts that are no rooms: one would be missing in silence.</summary>
         private static string Joined(IEnumerable<string> rooms)
         {
             var texts = rooms.ToArray();
             if (texts.Length == 0) throw new ArgumentException("There is no room to merge.", nameof(rooms));
-            if (texts.Any(string.IsNullOrWhiteSpace))
-                throw new ArgumentException("A room to merge has no text.", nameof(rooms));
+            for (int i = 0; i < texts.Length; ++i) RequireRoom(texts[i], i + 1);
             return string.Join(RoomSeparator, texts);
+        }
+
+        private static void RequireRoom(string text, int number)
+        {
+            if (string.IsNullOrWhiteSpace(text)) throw new ArgumentException("Room " + number + " to merge has no text.", "rooms");
+            try
+            {
+                CapturedRoom.Parse(text);
+            }
+            catch (FormatException error)
+            {
+                throw new ArgumentException("Room " + number + " to merge is no room: " + error.Message, "rooms", error);
+            }
         }
 
         private Task Written(string path)
