@@ -8,6 +8,9 @@
 namespace vantorel::walk {
 namespace {
 
+constexpr const char *kDisplayLinkSettings =
+    R"({"mode":"common","minimum":10,"maximum":59,"preferred":0,"framesPerSecond":59})";
+
 std::string json(bool value) { return value ? "true" : "false"; }
 std::string json(const std::string &text) {
   std::string out;
@@ -109,6 +112,7 @@ std::vector<std::pair<const char *, std::string>> Model::looks() {
       {"navigationController.dismissals", std::to_string(dismissals_)},
       {"roomCaptureView.settings", scanViewSettings_},
       {"sceneView.settings", sceneViewSettings_},
+      {"displayLink.settings", displayLink == 0 ? "null" : kDisplayLinkSettings},
   };
 }
 
