@@ -1,19 +1,11 @@
+#include "platform/simulated/DeviceParts.h"
 #include "storage/ScanFolder.h"
+#include "support/MemoryFiles.h"
 
 #include <gtest/gtest.h>
 
 namespace vantorel {
 namespace {
-
-struct Documents : FileManager {
-  std::string documentsDirectory() override { return "/docs"; }
-  std::string temporaryDirectory() override { return "/tmp"; }
-  bool fileExists(const std::string &) override { return false; }
-  void createDirectory(const std::string &) override {}
-  std::string readFile(const std::string &) override { return ""; }
-  void removeItem(const std::string &) override {}
-  void writeFile(const std::string &, std::string_view) override {}
-};
 
 // What Foundation gives for these names.
 TEST(ScanFolder, AppendsEachNameAsOneComponentAsItStands) {
@@ -40,9 +32,11 @@ TEST(ScanFolder, AppendsEachNameAsOneComponentAsItStands) {
       {" a ", "%2F", "/docs/ a /%2F"},
       {"e\xCC\x81", "?#;", "/docs/e\xCC\x81/?#;"},
   };
-  Documents documents;
+  DeviceParts device;
+  device.files.setStore(std::make_shared<testing::MemoryFiles>());
+  device.files.setDocumentsDirectory("/docs");
   for (const auto &row : table) {
-    const ScanFolder folder(documents, row.directoryName, row.scanName);
+    const ScanFolder folder(device.files, row.directoryName, row.scanName);
     EXPECT_EQ(folder.path(), row.path) << row.directoryName << " and " << row.scanName;
     EXPECT_EQ(folder.file("scan.json"), row.json);
   }
