@@ -21,46 +21,6 @@ TEST_F(Export, GivesAFreshCopyOfEachText) {
   std::free(second);
 }
 
-TEST_F(Export, GivesAnEmptyTextAsOneByteNotAsNull) {
-  for (const auto get : {getVTLNativeScreenshotOutputURL, getVTLNativeScreenRecorderOutputURL,
-                         getVTLARCameraMatrixRuntime, getVTLARCameraProjectionMatrixRuntime})
-    EXPECT_EQ(taken(get()), "");
-}
-
-TEST_F(Export, StoresBitZeroOfAFlagAndNothingElse) {
-  const struct {
-    void (*set)(vantorelBool);
-    const char *property;
-    const char *byDefault;
-  } flags[] = {
-      {isVTLCustomXREnabled, "isCustomXREnabled", "false"},
-      {isVTLDefaultScanEnabled, "isDefaultScanEnabled", "false"},
-      {isVTLDefaultMiniatureModelEnabled, "isDefaultMiniatureModelEnabled", "true"},
-      {isVTLDefaultScanDataTransferEnabled, "isDefaultScanDataTransferEnabled", "false"},
-      {isVTLCoachingEnabled, "isCoachingEnabled", "true"},
-      {isVTLInstructionEnabled, "isInstructionEnabled", "true"},
-      {isVTLMultiRoomEnabled, "isMultiRoomEnabled", "false"},
-      {isVTLARWorldMapEnabled, "isARWorldMapEnabled", "false"},
-      {isNativeScreenshot, "nativeScreenshot", "false"},
-      {isNativeScreenshotPreview, "nativeScreenshotPreview", "false"},
-      {isNativeScreenRecorder, "nativeScreenRecorder", "false"},
-      {isNativeScreenRecorderPreview, "nativeScreenRecorderPreview", "false"},
-  };
-  for (const auto &flag : flags) {
-    EXPECT_EQ(state(flag.property), flag.byDefault);
-    for (const int byte : {1, 2, 255, 254, 3, 0}) {
-      const std::string before = state(nullptr), old = state(flag.property);
-      flag.set(static_cast<vantorelBool>(byte));
-      const std::string now = byte % 2 == 1 ? "true" : "false";
-      EXPECT_EQ(state(flag.property), now) << flag.property << " " << byte;
-      if (now == old) {
-        EXPECT_EQ(state(nullptr), before) << "nothing else changes";
-      }
-    }
-  }
-  EXPECT_EQ(heard(), Lines());
-}
-
 TEST_F(Export, CopiesAndRepairsTexts) {
   char directory[] = "caf\xC3\xA9", scan[] =
                                         "a\xF0\x9F\x8F"
@@ -74,52 +34,6 @@ TEST_F(Export, CopiesAndRepairsTexts) {
   EXPECT_EQ(files().back(),
             "caf\xC3\xA9/a\xEF\xBF\xBD"
             "b\xEF\xBF\xBD/scan.json");
-}
-
-TEST_F(Export, AnswersWhatTheDeviceSupports) {
-  const struct {
-    const char *ios, *lidar;
-    int scanning, rooms;
-    bool prints;
-  } table[] = {{"16.4", "on", 1, 0, true},
-               {"16.4", "off", 0, 0, true},
-               {"17.0", "on", 1, 1, false},
-               {"18.0", "off", 0, 0, false}};
-  for (const auto &row : table) {
-    option("ios", row.ios);
-    option("lidar", row.lidar);
-    EXPECT_EQ(VantorelSupport(), row.scanning);
-    EXPECT_EQ(heard(), Lines());
-    for (const auto supports : {MultiRoomSupport, ARWorldMapSupport}) {
-      EXPECT_EQ(supports(), row.rooms);
-      EXPECT_EQ(heard(), row.prints ? Lines{kNeedsIOS17Line} : Lines());
-    }
-  }
-}
-
-TEST_F(Export, SkipsEmptySlotsSilently) {
-  vantorelDevicePowerCycle();  // all slots are empty now
-  initialize();
-  start();
-  update(walledRoom(1));
-  instruction("normal");
-  stopCaptureSession();
-  disposeVTL();
-  advance();
-  EXPECT_EQ(heard(), Lines());
-  EXPECT_EQ(state("roomInstructionStringResults"), "\"Normal\"");
-  EXPECT_NE(state("roomFinalStringResults"), "\"\"") << "the text is kept without a host to hear it";
-}
-
-int firstCalls, secondCalls;
-
-TEST_F(Export, KeepsTheLastCallbackOfASlot) {
-  firstCalls = secondCalls = 0;
-  setVTLDidStart([] { ++firstCalls; });
-  setVTLDidStart([] { ++secondCalls; });
-  initialize();
-  EXPECT_EQ(firstCalls, 0);
-  EXPECT_EQ(secondCalls, 1);
 }
 
 // ---- The headers and the built library ----
