@@ -1,9 +1,9 @@
 #include "plan/FloorPlan.h"
 #include "rooms/BuildStructure.h"
 #include "rooms/RoomReader.h"
-#include "rooms/StructureRooms.h"
 #include "support/SvgPicture.h"
 #include "support/TestData.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 

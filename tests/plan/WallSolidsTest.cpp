@@ -1,5 +1,5 @@
 #include "plan/WallSolids.h"
-#include "rooms/StructureRooms.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 #include "rooms/RoomReader.h"
 #include "rooms/RoomWriter.h"
 #include "support/TestData.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 
@@ -146,23 +147,16 @@ TEST(RoomPlayback, MakesABelievableSessionOfEveryRoom) {
 /// Four walls round the origin, a door in the last, two pieces of furniture of which the first belongs to the
 /// second, a floor and a section.
 std::shared_ptr<RoomDocument> smallRoom() {
+  using namespace testing;
   auto room = std::make_shared<RoomDocument>();
-  room->identifier = Uuid{{42}};
-  auto place = [number = std::uint8_t{0}](auto &element, float x, float z) mutable {
-    element.identifier.bytes[15] = ++number;
-    element.confidence.name = "high";
-    element.dimensions = {1, 2, 0};
-    element.transform.elements = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, 1, z, 1};
-  };
-  for (const auto &[x, z] :
-       {std::pair(0.F, -3.F), std::pair(3.F, 0.F), std::pair(0.F, 3.F), std::pair(-3.F, 0.F)})
-    place(room->walls.emplace_back(), x, z);
-  place(room->doors.emplace_back(), -3, 0);
-  room->doors[0].parentIdentifier = room->walls[3].identifier;
-  for (const float x : {-2.F, 2.F}) place(room->objects.emplace_back(), x, 0);
+  room->identifier = uuid(42);
+  room->walls = {wall(1, {0, 1, -3}, 1), wall(2, {3, 1, 0}, 1), wall(3, {0, 1, 3}, 1),
+                 wall(4, {-3, 1, 0}, 1)};
+  room->doors = {door(5, {-3, 1, 0}, 4)};
+  room->objects = {object("chair", 6, {-2, 1, 0}, 7), object("table", 7, {2, 1, 0}, 4)};
   room->objects[0].attributes.emplace().emplace_back("ChairType", "stool");
-  room->objects[0].parentIdentifier = room->objects[1].identifier;
-  place(room->floors.emplace().emplace_back(), 0, 0);
+  for (RoomObject &thing : room->objects) thing.confidence.name = "high";
+  room->floors = {surface("floor", 8, {0, 1, 0}, 1)};
   room->sections = {{{}, "kitchen", 0}};
   return room;
 }

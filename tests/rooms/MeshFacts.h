@@ -1,7 +1,8 @@
 #pragma once
 
-#include "rooms/Solid.h"
+#include "rooms/RoomMesh.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,5 +21,20 @@ MeshFacts factsOf(const Mesh &mesh);
 
 /// Of each mesh of a package, read back from its text.
 std::vector<MeshFacts> factsOfPackage(std::string_view package);
+
+/// Upright, seen from +z.
+inline Surface surfaceOf(Float3 dimensions, Float3 at = {}) {
+  Surface surface;
+  surface.dimensions = dimensions;
+  surface.transform = {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, at.x, at.y, at.z, 1}};
+  return surface;
+}
+
+inline Mesh wallWith(const Surface &wall, const std::vector<Surface> &openings,
+                     std::optional<Turn> turn = {}) {
+  std::vector<const Surface *> pointers;
+  for (const Surface &opening : openings) pointers.push_back(&opening);
+  return wallMesh(wall, pointers, turn);
+}
 
 }  // namespace vantorel::testing

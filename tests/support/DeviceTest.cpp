@@ -1,6 +1,7 @@
 #include "support/DeviceTest.h"
 
 #include "rooms/RoomWriter.h"
+#include "support/TestRooms.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -59,16 +60,6 @@ void expectNoRefusal(char *answer) {
   std::free(answer);
 }
 
-Surface surface(const char *category, std::uint8_t number) {
-  Surface made;
-  made.identifier.bytes[15] = number;
-  made.category.name = category;
-  made.confidence.name = "high";
-  made.dimensions = {2, 2.5F, 0};
-  made.transform.elements = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, static_cast<float>(number), 0, 0, 1};
-  return made;
-}
-
 }  // namespace
 
 std::string taken(char *text) {
@@ -79,14 +70,7 @@ std::string taken(char *text) {
 
 RoomDocument walledRoom(std::size_t walls) {
   RoomDocument room;
-  for (std::size_t i = 0; i < walls; ++i)
-    room.walls.push_back(surface("wall", static_cast<std::uint8_t>(i + 1)));
-  return room;
-}
-
-RoomDocument flooredRoom() {
-  RoomDocument room;
-  room.floors.emplace().push_back(surface("floor", 1));
+  for (std::uint32_t i = 1; i <= walls; ++i) room.walls.push_back(wall(i, {static_cast<float>(i), 0, 0}, 2));
   return room;
 }
 
@@ -124,11 +108,10 @@ std::string DeviceTest::state(const char *name) {
 }
 
 std::string DeviceTest::phase() {
-  const bool isScanning = state("isScanning") == "true";
-  const bool isPaused = state("isRoomPlanSessionScanningPaused") == "true";
-  const std::string flags =
-      isScanning ? (isPaused ? "paused" : "scanning") : (isPaused ? "idle, paused" : "idle");
-  return flags + (state("captureSession.isRunning") == "true" ? " running" : "");
+  const auto is = [](const char *name) { return state(name) == "true"; };
+  const std::string flags = is("isScanning") ? "scanning" : "idle";
+  return flags + (is("isRoomPlanSessionScanningPaused") ? ", paused" : "") +
+         (is("captureSession.isRunning") ? " running" : "");
 }
 
 void DeviceTest::option(const char *name, const char *value) {

@@ -17,14 +17,11 @@ namespace vantorel::testing {
 
 using Lines = std::vector<std::string>;
 
-inline constexpr const char *kNeedsIOS17Line = "main console This feature is only available for iOS 17+.";
-
 /// The text of a `char *` result, which is freed.
 std::string taken(char *text);
 
-/// A room with that many walls and nothing else, or with floors alone.
+/// A room with that many walls and nothing else.
 RoomDocument walledRoom(std::size_t walls);
-RoomDocument flooredRoom();
 
 /// A device with an empty documents folder of its own. All ten callbacks and the console are heard; texts for
 /// the host are freed.
@@ -45,7 +42,7 @@ class DeviceTest : public ::testing::Test {
 
   /// JSON of a property or another name that the device knows.
   static std::string state(const char *name);
-  /// "idle", "scanning", "paused", and " running" behind it while the platform's session runs.
+  /// "idle" or "scanning", then ", paused", and " running" while the platform's session runs.
   static std::string phase();
 
   static void advance(double seconds = 0);

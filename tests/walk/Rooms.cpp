@@ -2,39 +2,28 @@
 
 #include "base/JsonWriter.h"
 #include "rooms/RoomWriter.h"
+#include "support/TestRooms.h"
 
 #include <utility>
 
 namespace vantorel::walk {
 namespace {
 
-template <typename Element>
-Element placed(const char *category, std::uint8_t number) {
-  Element made;
-  made.identifier.bytes[15] = number;
-  made.category.name = category;
-  made.confidence.name = "high";
-  made.dimensions = {2, 2.5F, 0.5F};
-  made.transform.elements = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, static_cast<float>(3 * number), 0, 0, 1};
-  return made;
-}
-
-RoomDocument namedDocument(std::uint8_t number) {
-  RoomDocument room;
-  room.identifier.emplace().bytes[15] = number;
-  return room;
-}
+using namespace testing;
 
 std::vector<RoomRef> makeRooms() {
-  RoomDocument wall = namedDocument(0xA1), hall = namedDocument(0xA2), floor = namedDocument(0xA3);
-  wall.walls.push_back(placed<Surface>("wall", 1));
-  hall.walls = {placed<Surface>("wall", 2), placed<Surface>("wall", 3)};
-  hall.objects.push_back(placed<RoomObject>("chair", 4));
-  floor.floors.emplace().push_back(placed<Surface>("floor", 5));
+  RoomDocument alone, hall, floor, nothing;
+  alone.walls = {wall(1, {3, 0, 0}, 2)};
+  hall.walls = {wall(2, {6, 0, 0}, 2), wall(3, {9, 0, 0}, 2)};
+  hall.objects = {object("chair", 4, {12, 0, 0}, 2)};
+  floor.floors = {surface("floor", 5, {15, 0, 0}, 2)};
   std::vector<RoomRef> made;
+  std::uint32_t number = 0xA0;
   for (auto &[name, room] :
-       {std::pair("wall", wall), {"hall", hall}, {"floor", floor}, {"nothing", namedDocument(0xA4)}})
-    made.push_back(roomOf(name, std::make_shared<RoomDocument>(room)));
+       {std::pair("wall", &alone), {"hall", &hall}, {"floor", &floor}, {"nothing", &nothing}}) {
+    room->identifier = uuid(++number);
+    made.push_back(roomOf(name, testing::shared(*room)));
+  }
   return made;
 }
 

@@ -1,7 +1,7 @@
-// Rooms for tests of merging: upright surfaces that look along one of the axes.
+// What rooms in tests are made of: upright surfaces and furniture.
 #pragma once
 
-#include "rooms/BuildStructure.h"
+#include "rooms/RoomDocument.h"
 
 #include <cmath>
 #include <cstdint>
