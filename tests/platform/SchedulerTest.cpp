@@ -104,20 +104,6 @@ TEST(Scheduler, SettleLeavesPeriodicAndCancelledWorkBehind) {
   EXPECT_EQ(log.text, "due");
 }
 
-TEST(Scheduler, ARenderThreadEndsWithItsLastSource) {
-  Scheduler scheduler;
-  int frames = 0;
-  startFrames(scheduler, [&] { return ++frames < 5; });
-  EXPECT_EQ(frames, 1);  // the thread is in its run loop when startThread returns
-  EXPECT_EQ(scheduler.renderThreadCount(), 1U);
-  scheduler.advance(kSecond);
-  EXPECT_EQ(frames, 5);
-  EXPECT_EQ(scheduler.renderThreadCount(), 0U);
-  scheduler.startThread([&] { scheduler.runLoop(); });  // without a source it has nothing to wait for
-  EXPECT_EQ(scheduler.renderThreadCount(), 0U);
-  scheduler.runLoop();  // nor has a thread without a run loop
-}
-
 TEST(Scheduler, ShutDownReleasesWorkAndEndsThreads) {
   Scheduler scheduler;
   const auto held = std::make_shared<int>();
@@ -186,15 +172,6 @@ TEST(Scheduler, DestroysWorkWithoutItsLock) {
   EXPECT_EQ(ends, 8);
 }
 
-TEST(Scheduler, TimeEnds) {
-  Scheduler scheduler;
-  for (int i = 0; i < 3; ++i) scheduler.advance(Scheduler::kEnd - kSecond);
-  EXPECT_EQ(scheduler.now(), Scheduler::kEnd);
-  scheduler.post({.role = Role::main, .work = [] {}}, Scheduler::kEnd + 1);
-  EXPECT_FALSE(scheduler.settle());
-  EXPECT_EQ(scheduler.now(), Scheduler::kEnd);
-}
-
 TEST(Scheduler, RunsFreelyWithoutWaitingForAHandOver) {
   Scheduler scheduler;
   scheduler.restart(true);
@@ -227,25 +204,11 @@ TEST(Scheduler, RunsFreelyWithManyThreadsThatEndAtAnyTime) {
   scheduler.restart(false);
 }
 
-TEST(Scheduler, SleepsAtHandOversChangeNothing) {
-  const auto run = [](std::uint32_t seed) {
-    Log log;
-    log.scheduler.setHandoverSleep(seed ? 200 : 0, seed);
-    for (const Role role : {Role::main, Role::completion, Role::delegate})
-      for (int i = 0; i < 8; ++i) log.post(role, nameOf(role) + std::to_string(i), i * kSecond);
-    startFrames(log.scheduler, [&] { return log.text += "frame ", true; });
-    log.scheduler.advance(8 * kSecond);
-    return log.text;
-  };
-  const std::string plain = run(0);
-  for (std::uint32_t seed = 1; seed < 4; ++seed) EXPECT_EQ(run(seed), plain);
-}
-
 TEST(Scheduler, NamesAThreadWhoseCallbackDoesNotReturn) {
-  Scheduler scheduler(std::chrono::milliseconds(20));
+  Scheduler scheduler(std::chrono::milliseconds(100));
   testing::internal::CaptureStderr();
   scheduler.handOver(Role::completion, [] {});
-  scheduler.handOver(Role::delegate, [] { std::this_thread::sleep_for(std::chrono::milliseconds(200)); });
+  scheduler.handOver(Role::delegate, [] { std::this_thread::sleep_for(std::chrono::milliseconds(300)); });
   const std::string said = testing::internal::GetCapturedStderr();
   EXPECT_NE(said.find("delegate thread"), std::string::npos) << said;
   EXPECT_EQ(said.find("completion"), std::string::npos) << said;

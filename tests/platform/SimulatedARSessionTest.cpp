@@ -4,18 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 
 namespace vantorel {
 namespace {
 
-using Tracking = DeviceTraits::Tracking;
-
 constexpr Scheduler::Time kSecond = Scheduler::kSecond;
 
 class SimulatedARSessionTest : public ::testing::Test {
  protected:
-  std::shared_ptr<SimulatedARSession> make() { return std::make_shared<SimulatedARSession>(device); }
   void advance(double seconds) { device.scheduler.advance(static_cast<Scheduler::Time>(seconds * kSecond)); }
   std::shared_ptr<WorldMap> mapAt(float x) {
     Float4x4 camera;
@@ -31,74 +29,24 @@ class SimulatedARSessionTest : public ::testing::Test {
 
   const Uuid mapsSpace = *Uuid::parse("01234567-89AB-CDEF-0123-456789ABCDEF");
   DeviceParts device;
-  std::shared_ptr<SimulatedARSession> session = make();
+  std::shared_ptr<SimulatedARSession> session = std::make_shared<SimulatedARSession>(device);
   std::vector<std::shared_ptr<SimulatedWorldMap>> answers;
 };
 
-TEST_F(SimulatedARSessionTest, TracksNormallyFromItsFirstFrameOn) {
-  EXPECT_EQ(session->tracking(), std::nullopt);
-  session->run(nullptr);
-  EXPECT_EQ(session->tracking(), std::nullopt);
-  EXPECT_FALSE(session->isTrackingNormal() || session->cameraTransform());
-  advance(0);
-  EXPECT_TRUE(session->isTrackingNormal());
-  session->run(nullptr);
-  EXPECT_TRUE(session->isTrackingNormal()) << "nothing is reset";
-}
-
-TEST_F(SimulatedARSessionTest, FindsItselfInAMapAfterTwoSeconds) {
-  session->run(mapAt(7));
-  advance(0);
-  EXPECT_EQ(session->tracking(), Tracking::limited);
-  EXPECT_EQ(session->space(), mapsSpace);
-  EXPECT_TRUE(session->hasInitialMap());
-  EXPECT_EQ(session->cameraTransform()->at(3, 0), 7);
-  advance(1.999);
-  EXPECT_FALSE(session->isTrackingNormal());
-  advance(0.001);
-  EXPECT_TRUE(session->isTrackingNormal());
-
-  session->run(mapAt(8));
-  EXPECT_EQ(session->tracking(), Tracking::limited) << "its frames stay";
-  EXPECT_EQ(session->cameraTransform()->at(3, 0), 8);
-  session->run(nullptr);
-  EXPECT_EQ(session->tracking(), Tracking::limited) << "nothing is reset";
-  EXPECT_EQ(session->space(), mapsSpace);
-  EXPECT_FALSE(session->hasInitialMap());
-  advance(2);
-  EXPECT_TRUE(session->isTrackingNormal());
-}
-
-TEST_F(SimulatedARSessionTest, TracksAsToldUntilAuto) {
-  const auto tell = [&](const char *tracking) { device.options.set("tracking", tracking); };
-  tell("normal");
-  session->run(mapAt(0));
-  EXPECT_FALSE(session->isTrackingNormal()) << "there is no frame yet";
-  advance(0);
-  EXPECT_TRUE(session->isTrackingNormal());
-  tell("limited");
-  advance(100);
-  EXPECT_EQ(session->tracking(), Tracking::limited);
-  tell("unavailable");
-  EXPECT_EQ(session->tracking(), Tracking::unavailable);
-  tell("auto");
-  EXPECT_EQ(session->tracking(), Tracking::normal);
-}
-
 TEST_F(SimulatedARSessionTest, StandsWhereTheMapLeftOffUntilItWalks) {
-  auto room = std::make_shared<RoomDocument>(testing::walledRoom(1));
+  const auto x = [&] { return session->cameraTransform()->at(3, 0); };
   session->run(mapAt(7));
-  session->beginWalk(std::make_shared<RoomPlayback>(room, 5, 10), 0);
+  session->beginWalk(
+      std::make_shared<RoomPlayback>(std::make_shared<RoomDocument>(testing::walledRoom(1)), 5, 10), 0);
   advance(1);
-  EXPECT_NE(session->cameraTransform()->at(3, 0), 7);
+  EXPECT_NE(x(), 7);
   session->endWalk();
   session->run(mapAt(8));
-  EXPECT_EQ(session->cameraTransform()->at(3, 0), 8);
+  EXPECT_EQ(x(), 8);
   device.options.set("camera", "1 0 0 0 0 1 0 0 0 0 1 0 3 4 5 1");
-  EXPECT_EQ(session->cameraTransform()->at(3, 0), 3);
-  session->beginWalk(nullptr, 0);
+  EXPECT_EQ(x(), 3);
   session->run(nullptr);
-  EXPECT_EQ(session->cameraTransform()->at(3, 0), 8) << "a run sees its own frames";
+  EXPECT_EQ(x(), 8) << "a run sees its own frames";
 }
 
 TEST_F(SimulatedARSessionTest, GivesItsMapHalfASecondLater) {
@@ -135,38 +83,46 @@ TEST_F(SimulatedARSessionTest, DropsWhatWaitsWithThePower) {
   EXPECT_TRUE(gone.expired()) << "a first frame keeps no session";
   advance(0);
   auto held = std::make_shared<int>(1);
-  make()->getCurrentWorldMap([held](const std::shared_ptr<WorldMap> &) { FAIL(); });
+  std::make_shared<SimulatedARSession>(device)->getCurrentWorldMap(
+      [held](const std::shared_ptr<WorldMap> &) { FAIL(); });
   EXPECT_EQ(held.use_count(), 2);
   device.scheduler.shutDown();
   EXPECT_EQ(held.use_count(), 1);
 }
 
+TEST(SimulatedARSession, ProjectsThroughItsLens) {
+  const auto depthAt = [](const Float4x4 &matrix, double distance) {
+    return (matrix.at(2, 2) * -distance + matrix.at(3, 2)) / distance;
+  };
+  const double longSide = 1 / std::tan(67.0 / 2 * M_PI / 180);
+  const auto upright = lensProjection({InterfaceOrientation::portrait, 390, 844, 0.01, 1000});
+  EXPECT_NEAR(upright.at(1, 1), longSide, 1e-5);  // the image is as high as the screen
+  EXPECT_NEAR(upright.at(0, 0), longSide * 844 / 390, 1e-5);
+  const auto lying = lensProjection({InterfaceOrientation::landscapeRight, 844, 390, 0.01, 1000});
+  EXPECT_NEAR(lying.at(0, 0), longSide, 1e-5);
+  EXPECT_NEAR(lying.at(1, 1), longSide * 844 / 390, 1e-5);
+  const auto tablet = lensProjection({InterfaceOrientation::portrait, 900, 1000, 0.01, 1000});
+  EXPECT_NEAR(tablet.at(0, 0), longSide * 4 / 3, 1e-5);  // as wide as the screen
+  EXPECT_NEAR(depthAt(upright, 0.01), 0, 1e-5);
+  EXPECT_NEAR(depthAt(upright, 1000), 1, 1e-5);
+  EXPECT_EQ(upright.at(2, 3), -1);  // looks along -z
+}
+
 // ---- Through the exported functions ----
 
-class WorldMapOfADevice : public testing::DeviceTest {};
+using WorldMapOfADevice = testing::DeviceTest;
 
-TEST_F(WorldMapOfADevice, TellsItsSpaceAndTracking) {
+TEST_F(WorldMapOfADevice, TellsItsSpace) {
   const std::string own = R"("00000000-0000-8000-8000-000000000002")";
-  initialize();
-  EXPECT_EQ(state("arSession.tracking"), R"("none")");
   start();
   EXPECT_EQ(state("arSession.space"), own);
-  EXPECT_EQ(state("arSession.tracking"), R"("normal")");
   EXPECT_EQ(state("arSession.initialWorldMap"), "null");
   std::filesystem::create_directories(file("WorldMap"));
   stopCaptureSessionWithARWorldMap(file("").c_str());
   advance(0.5);
   powerCycle();
   EXPECT_EQ(state("arSession.space"), "null");
-  initialize();
-  isVTLCustomXREnabled(1);
-  setVantorelXRSession(vantorelDeviceARSession());
-  startCaptureSession();
-  stopCaptureSession();
   startCaptureSessionWithARWorldMap(file("WorldMap/scan").c_str());
-  advance(1.5);
-  EXPECT_EQ(state("captureSession.usesHostARSession"), "true");
-  EXPECT_EQ(state("arSession.tracking"), R"("limited")");
   EXPECT_EQ(state("arSession.space"), own);
   EXPECT_EQ(state("arSession.initialWorldMap"), "\"map of " + own.substr(1));
 }

@@ -149,20 +149,5 @@ TEST_F(SimulatedDeviceTest, RefusesNullTextsAsEmptyOnes) {
   expectRefused(vantorelDeviceDeliverInstruction(nullptr), "needs a name");
 }
 
-TEST_F(SimulatedDeviceTest, ListsItsViews) {
-  EXPECT_EQ(state("window.subviews"), R"(["host"])");
-  initialize();
-  option("coaching", "3");
-  isVTLDefaultScanEnabled(1);
-  isVTLCoachingEnabled(0);
-  start();
-  EXPECT_EQ(state("view.subviews"), R"(["roomCaptureView"])");
-  EXPECT_EQ(state("roomCaptureView.subviews"), R"json(["subview 0","subview 1 (hidden)","subview 2"])json");
-  option("window", "empty");
-  EXPECT_EQ(state("window.subviews"), R"(["controller"])");
-  option("window", "none");
-  EXPECT_EQ(state("window.subviews"), "[]");
-}
-
 }  // namespace
 }  // namespace vantorel::testing

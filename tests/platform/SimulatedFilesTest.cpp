@@ -1,12 +1,12 @@
 #include "platform/PlatformError.h"
-#include "platform/simulated/SimulatedPlatform.h"
 #include "platform/simulated/SimulatedRoom.h"
-#include "support/DeviceTest.h"
-#include "support/MemoryFiles.h"
+#include "support/TestData.h"
+#include "support/TestRooms.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <limits>
 
 namespace vantorel {
@@ -35,18 +35,7 @@ class SimulatedFilesTest : public ::testing::Test {
   SimulatedFiles &files_ = device_.files;
 };
 
-/// What holds on the disk and in memory.
-class AnyFiles : public SimulatedFilesTest, public ::testing::WithParamInterface<const char *> {
- protected:
-  AnyFiles() {
-    if (GetParam() == std::string("Memory")) files_.setStore(std::make_shared<testing::MemoryFiles>());
-    files_.createDirectory(folder_.path());
-  }
-};
-INSTANTIATE_TEST_SUITE_P(, AnyFiles, ::testing::Values("Disk", "Memory"),
-                         [](const auto &test) { return std::string(test.param); });
-
-TEST_P(AnyFiles, ReplaceWhatWasThere) {
+TEST_F(SimulatedFilesTest, ReplaceWhatWasThere) {
   files_.createDirectory(path("a/b/c"));
   files_.createDirectory(path("a/b/c/"));
   files_.writeFile(path("a/b/c/é ü"), "a longer text");
@@ -58,44 +47,30 @@ TEST_P(AnyFiles, ReplaceWhatWasThere) {
   EXPECT_TRUE(files_.fileExists(files_.temporaryDirectory()));
 }
 
-TEST_P(AnyFiles, RemoveAFileOrAFolderWithAllInIt) {
-  for (const char *folder : {"a/b/c", "a-", "ab"}) files_.createDirectory(path(folder));
-  for (const char *file : {"a/b/c/file", "a/b/file", "a/b.file"}) files_.writeFile(path(file), "x");
-  files_.removeItem(path("a/b.file"));
-  EXPECT_FALSE(files_.fileExists(path("a/b.file")));
+TEST_F(SimulatedFilesTest, RemoveAFolderWithAllInIt) {
+  files_.createDirectory(path("a/b"));
+  files_.writeFile(path("a/b/file"), "x");
   files_.removeItem(path("a"));
-  for (const char *gone : {"a", "a/b", "a/b/c", "a/b/c/file"}) EXPECT_FALSE(files_.fileExists(path(gone)));
-  EXPECT_TRUE(files_.fileExists(path("a-")) && files_.fileExists(path("ab")));
+  EXPECT_FALSE(files_.fileExists(path("a")));
   expectRefusal([&] { files_.removeItem(path("a")); }, "remove " + path("a"), "No such file or directory");
 }
 
-TEST_P(AnyFiles, TellWhatFailedAndWhy) {
-  const std::string noFile = "No such file or directory", noFolder = "Not a directory",
-                    folder = "Is a directory";
+TEST_F(SimulatedFilesTest, TellWhatFailedAndWhy) {
+  const std::string noFile = "No such file or directory", noFolder = "Not a directory";
+  const auto create = [&](const std::string &name, const std::string &why) {
+    expectRefusal([&] { files_.createDirectory(path(name)); }, "create the folder " + path(name), why);
+  };
+  const auto write = [&](const std::string &name, const std::string &why) {
+    expectRefusal([&] { files_.writeFile(path(name), "x"); }, "write " + path(name), why);
+  };
   files_.writeFile(path("file"), "kept");
-  expectRefusal([&] { files_.createDirectory(path("file")); }, "create the folder " + path("file"), noFolder);
-  expectRefusal([&] { files_.createDirectory(path("file/below")); },
-                "create the folder " + path("file/below"), noFolder);
-  expectRefusal([&] { files_.writeFile(path("none/file"), "x"); }, "write " + path("none/file"), noFile);
-  expectRefusal([&] { files_.writeFile(path("file/below"), "x"); }, "write " + path("file/below"), noFolder);
-  expectRefusal([&] { files_.writeFile(folder_.path(), "x"); }, "write " + folder_.path(), folder);
+  create("file", noFolder);
+  create("file/below", noFolder);
+  write("none/file", noFile);
+  write("file/below", noFolder);
+  write("", "Is a directory");
   expectRefusal([&] { files_.readFile(path("none")); }, "read " + path("none"), noFile);
-  expectRefusal([&] { files_.readFile(folder_.path()); }, "read " + folder_.path(), folder);
   EXPECT_EQ(files_.readFile(path("file")), "kept");
-}
-
-TEST_P(AnyFiles, FailAsPlanned) {
-  files_.writeFile(path("file"), "kept");
-  for (const char *call : {"documentsDirectory", "createDirectory", "readFile", "removeFile", "writeFile"})
-    device_.faults.plan(call, 1, 0);
-  EXPECT_NE(refusalOf([&] { files_.documentsDirectory(); }), "");
-  EXPECT_NE(refusalOf([&] { files_.createDirectory(path("a")); }), "");
-  EXPECT_NE(refusalOf([&] { files_.readFile(path("file")); }), "");
-  EXPECT_NE(refusalOf([&] { files_.removeItem(path("file")); }), "");
-  EXPECT_NE(refusalOf([&] { files_.writeFile(path("file"), "x"); }), "");
-  EXPECT_FALSE(files_.fileExists(path("a")));
-  EXPECT_EQ(files_.readFile(path("file")), "kept");
-  EXPECT_EQ(refusalOf([&] { files_.writeFile(path("file"), "x"); }), "");
 }
 
 TEST_F(SimulatedFilesTest, RefuseWhatTheSystemRefuses) {
@@ -123,19 +98,13 @@ TEST_F(SimulatedFilesTest, GiveAnAbsoluteDocumentsDirectory) {
 
 TEST_F(SimulatedFilesTest, RoomsExportThemselvesWithoutTheLibrarysWrites) {
   auto document = std::make_shared<RoomDocument>();
-  document->walls.resize(1);
-  document->walls[0].transform.elements = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+  document->walls = {testing::wall(1, {}, 2)};
   const SimulatedRoom room(document, {}, device_);
   device_.faults.plan("writeFile", 1, 0);
-  device_.faults.plan("encodeRoom", 1, 0);
-  EXPECT_NE(refusalOf([&] { room.jsonText(); }), "");
-  EXPECT_EQ(refusalOf([&] { room.jsonText(); }), "");
   EXPECT_EQ(refusalOf([&] { room.writeUsdz(path("scan.usdz")); }), "");
   EXPECT_GT(fs::file_size(path("scan.usdz")), 0U);
   EXPECT_NE(refusalOf([&] { room.writeUsdz(path("scan.obj")); }), "");
   EXPECT_NE(refusalOf([&] { room.writeUsdz(path("none/scan.usdz")); }), "");
-  device_.faults.plan("exportRoom", 1, 0);
-  EXPECT_NE(refusalOf([&] { room.writeUsdz(path("b.usdz")); }), "");
 
   document->walls[0].dimensions.x = std::numeric_limits<float>::quiet_NaN();
   EXPECT_NE(refusalOf([&] { room.jsonText(); }), "");
@@ -154,6 +123,8 @@ TEST(SimulatedRoom, GivesCasesOfLaterSystemsAsUnknown) {
   document->doors[0].curve.emplace().emplace().startAngle.value = 30;
   document->doors[1].category.name = "portal";
   document->doors[1].confidence.name = "absolute";
+  document->windows = {testing::surface("window", 1, {}, 1)};
+  document->openings = {testing::surface("opening", 2, {}, 1)};
   document->objects.resize(2);
   document->objects[0].category.name = "stairs";
   document->objects[1].category.name = "hammock";
@@ -166,31 +137,10 @@ TEST(SimulatedRoom, GivesCasesOfLaterSystemsAsUnknown) {
   EXPECT_EQ(content.doors[0].curve->startAngle, 30);
   EXPECT_EQ(content.doors[1].category, Content::SurfaceCategory::unknown);
   EXPECT_EQ(content.doors[1].confidence, Content::Confidence::unknown);
+  EXPECT_EQ(content.windows.at(0).category, Content::SurfaceCategory::window);
+  EXPECT_EQ(content.openings.at(0).category, Content::SurfaceCategory::opening);
   EXPECT_EQ(content.objects[0].category, Content::ObjectCategory::stairs);
   EXPECT_EQ(content.objects[1].category, Content::ObjectCategory::unknown);
-}
-
-class DeviceInMemory : public testing::DeviceTest {
- protected:
-  DeviceInMemory() {
-    simulatedPlatform().files().setStore(memory_);
-    vantorelDeviceSetDocumentsDirectory(file("below").c_str());
-  }
-  ~DeviceInMemory() override { simulatedPlatform().files().setStore(std::make_shared<DiskFiles>()); }
-
-  const std::shared_ptr<testing::MemoryFiles> memory_ = std::make_shared<testing::MemoryFiles>();
-};
-
-TEST_F(DeviceInMemory, LeavesTheDiskAlone) {
-  powerCycle();
-  initialize();
-  start();
-  update(testing::walledRoom(1));
-  advance();
-  EXPECT_EQ(trySaveRoomPlanExperience("a", "b"), 1);
-  EXPECT_EQ(memory_->list(file("below")), (testing::Lines{"a/", "a/b/", "a/b/scan.json", "a/b/scan.usdz"}));
-  EXPECT_EQ(memory_->read(file("below/a/b/scan.usdz")).substr(0, 4), "PK\x03\x04");
-  EXPECT_EQ(files(), testing::Lines());
 }
 
 }  // namespace
