@@ -110,12 +110,6 @@ TEST(JsonWriter, LaysOutPrettyAndCompactText) {
             "{\"a\\/\\\"\":[0.1,\"\\\\\\t\\u001f\x7F\u00e9\",\"x\\/y\",{ }],\"b\":{},\"c\":null}");
 }
 
-TEST(JsonWriter, AppendsToWhatIsThere) {
-  std::string text = "before ";
-  JsonWriter(text).boolean(true);
-  EXPECT_EQ(text, "before true");
-}
-
 TEST(JsonWriter, WritesManySmallPiecesDeepDown) {
   constexpr int kDepth = 300, kCount = 1000;
   const std::string text = written([&](JsonWriter &writer) {
