@@ -12,7 +12,6 @@
 #include <cmath>
 #include <cstdlib>
 #include <memory>
-#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -32,7 +31,7 @@ std::string nameOf(std::size_t slot, int which) {
 }
 
 template <std::size_t slot, int which>
-void hearCallback() {
+void hearEvent() {
   hear(nameOf(slot, which));
 }
 
@@ -42,29 +41,27 @@ void hearText(const char *text) {
   std::free(const_cast<char *>(text));
 }
 
-using Setter = void (*)(vantorelCallback) noexcept;
-constexpr Setter kSetters[] = {setVTLDidStart,
-                               setVTLDidEnd,
-                               setVTLCaptureSessionDidStart,
-                               setVTLCaptureSessionDidEnd,
-                               setVTLCaptureSessionDidAdd,
-                               setVTLCaptureSessionDidUpdate,
-                               setVTLCaptureSessionDidChange,
-                               setVTLCaptureSessionDidRemove};
-constexpr std::size_t kTextSlots = std::size(kSetters);  // from here on
-
-template <int which, std::size_t... slots>
-vantorelCallback callbackFor(std::size_t slot, std::index_sequence<slots...>) {
-  static constexpr vantorelCallback kCallbacks[] = {hearCallback<slots, which>...};
-  return kCallbacks[slot];
+template <std::size_t slot, auto set>
+void fillEvent(int which) {
+  set(which > 1 ? hearEvent<slot, 2> : hearEvent<slot, 1>);
 }
 
-template <int which>
-void fill(std::size_t slot) {
-  if (slot < kTextSlots) kSetters[slot](callbackFor<which>(slot, std::make_index_sequence<kTextSlots>()));
-  if (slot == kTextSlots) setVTLCaptureSessionInstruction(hearText<kTextSlots, which>);
-  if (slot == kTextSlots + 1) setVTLRoomSnapshot(hearText<kTextSlots + 1, which>);
+template <std::size_t slot, auto set>
+void fillText(int which) {
+  set(which > 1 ? hearText<slot, 2> : hearText<slot, 1>);
 }
+
+/// In the order of kSlots.
+constexpr std::array kFillers = {fillEvent<0, setVTLDidStart>,
+                                 fillEvent<1, setVTLDidEnd>,
+                                 fillEvent<2, setVTLCaptureSessionDidStart>,
+                                 fillEvent<3, setVTLCaptureSessionDidEnd>,
+                                 fillEvent<4, setVTLCaptureSessionDidAdd>,
+                                 fillEvent<5, setVTLCaptureSessionDidUpdate>,
+                                 fillEvent<6, setVTLCaptureSessionDidChange>,
+                                 fillEvent<7, setVTLCaptureSessionDidRemove>,
+                                 fillText<8, setVTLCaptureSessionInstruction>,
+                                 fillText<9, setVTLRoomSnapshot>};
 
 void observe(const char *kind, const char *name, const char *value) {
   hear(std::string(kind) + " " + (name ? std::string(name) + " " : "") + value);
@@ -108,20 +105,14 @@ std::string roomsIn(const std::string &text) {
 }
 
 std::string fileDifference(const Model &model) {
-  auto real = store->list("/");
-  std::vector<std::string> expected;
+  std::map<std::string, const char *> expected;  // and what follows the path
   for (const auto &folder : model.phone.folders)
-    if (folder != kRoot) expected.push_back(folder.substr(1) + "/");
-  for (const auto &[path, file] : model.phone.files) expected.push_back(path.substr(1));
-  std::sort(real.begin(), real.end());
-  std::sort(expected.begin(), expected.end());
-  if (real == expected) return "";
-  const auto joined = [](const auto &paths) {
-    return std::accumulate(
-        paths.begin(), paths.end(), std::string(),
-        [](std::string sum, const std::string &path) { return std::move(sum) + path + "  "; });
-  };
-  return unlike("files", joined(real), joined(expected));
+    if (folder != kRoot) expected[folder.substr(1)] = "/  ";
+  for (const auto &[path, file] : model.phone.files) expected[path.substr(1)] = "  ";
+  std::string realText, expectedText;
+  for (const auto &path : store->list("/")) realText += path + "  ";
+  for (const auto &[path, end] : expected) expectedText += path + end;
+  return unlike("files", realText, expectedText);
 }
 
 }  // namespace
@@ -150,7 +141,7 @@ void switchOn(const Model &like) {
   heardLines.clear();
 }
 
-void fillSlot(std::size_t slot, int which) { which > 1 ? fill<2>(slot) : fill<1>(slot); }
+void fillSlot(std::size_t slot, int which) { kFillers.at(slot)(which); }
 
 void removeFile(const std::string &path) {
   if (store->exists(path)) store->remove(path);

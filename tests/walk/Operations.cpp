@@ -173,13 +173,21 @@ void refuseUnless(Model &model, bool isDone) {
 
 void drawNothing(Step &, Dice &) {}
 
+/// Without arguments and results.
+template <void (*onLibrary)() noexcept, void (Model::*onModel)()>
+Operation plain(const char *name, bool dependsOnPresence = false, int weight = 1) {
+  return {name,
+          drawNothing,
+          [](const Step &) { onLibrary(); },
+          [](Model &model, const Step &) { (model.*onModel)(); },
+          dependsOnPresence,
+          weight};
+}
+
 const std::vector<Operation> kOperations = {
-    {"initialise", drawNothing, [](const Step &) { initializeVTL(); },
-     [](Model &model, const Step &) { model.initializeVTL(); }, true},
-    {"dispose", drawNothing, [](const Step &) { disposeVTL(); },
-     [](Model &model, const Step &) { model.disposeVTL(); }, true},
-    {"prepare", drawNothing, [](const Step &) { prepareVTLResources(); },
-     [](Model &model, const Step &) { model.prepareVTLResources(); }},
+    plain<initializeVTL, &Model::initializeVTL>("initialise", true),
+    plain<disposeVTL, &Model::disposeVTL>("dispose", true),
+    plain<prepareVTLResources, &Model::prepareVTLResources>("prepare"),
     {"flag",
      [](Step &step, Dice &dice) {
        step.a = dice.of(kFlags).name;
@@ -189,20 +197,14 @@ const std::vector<Operation> kOperations = {
      [](Model &model, const Step &step) { model.*flagOf(step).member = step.number & 1; }},
     {"hostSession", drawNothing, [](const Step &) { setVantorelXRSession(vantorelDeviceARSession()); },
      [](Model &model, const Step &) { model.customARSession = kHostARSession; }},
-    {"start", drawNothing, [](const Step &) { startCaptureSession(); },
-     [](Model &model, const Step &) { model.startCaptureSession(); }, true},
-    {"run", drawNothing, [](const Step &) { runCaptureSession(); },
-     [](Model &model, const Step &) { model.runCaptureSession(); }},
-    {"stop", drawNothing, [](const Step &) { stopCaptureSession(); },
-     [](Model &model, const Step &) { model.stopCaptureSession(); }},
+    plain<startCaptureSession, &Model::startCaptureSession>("start", true),
+    plain<runCaptureSession, &Model::runCaptureSession>("run"),
+    plain<stopCaptureSession, &Model::stopCaptureSession>("stop"),
     {"closeRoom", drawByte, [](const Step &step) { stopCaptureSessionWithPause(byteOf(step)); },
      [](Model &model, const Step &) { model.stopCaptureSessionWithPause(); }},
-    {"pause", drawNothing, [](const Step &) { pauseCaptureSessionScanning(); },
-     [](Model &model, const Step &) { model.pauseCaptureSessionScanning(); }},
-    {"resume", drawNothing, [](const Step &) { resumeCaptureSessionScanning(); },
-     [](Model &model, const Step &) { model.resumeCaptureSessionScanning(); }},
-    {"newRoom", drawNothing, [](const Step &) { createNewRoomCaptureSession(); },
-     [](Model &model, const Step &) { model.createNewRoomCaptureSession(); }},
+    plain<pauseCaptureSessionScanning, &Model::pauseCaptureSessionScanning>("pause"),
+    plain<resumeCaptureSessionScanning, &Model::resumeCaptureSessionScanning>("resume"),
+    plain<createNewRoomCaptureSession, &Model::createNewRoomCaptureSession>("newRoom"),
     {"startMap",
      [](Step &step, Dice &dice) {
        step.a = dice.of(std::array{"/documents/WorldMap/scan", "/documents/WorldMap/scan",
@@ -229,8 +231,7 @@ const std::vector<Operation> kOperations = {
      [](Model &model, const Step &step) { model.setFlashlightStatus(step.number & 1); }},
     {"show", drawShow, [](const Step &step) { showOf(step).onLibrary(step.b.c_str()); },
      [](Model &model, const Step &step) { showOf(step).onModel(model, step.b); }, false, 4},
-    {"screenshot", drawNothing, [](const Step &) { screenshotVTL(); },
-     [](Model &model, const Step &) { model.screenshot(); }, false, 20},
+    plain<screenshotVTL, &Model::screenshot>("screenshot", false, 20),
     {"removeScreenshot",
      [](Step &step, Dice &dice) {
        step.number = dice.of(std::array{1, 3});  // 2 may be a folder
