@@ -19,7 +19,7 @@ std::string json(const std::string &text) {
 }
 std::string json(const char *text) { return json(std::string(text)); }
 std::string json(const RoomRef &roomText) { return roomText ? roomText->json : "\"\""; }
-std::string object(bool isThere, const std::string &name) { return isThere ? json(name) : "null"; }
+std::string nameOrNull(bool isThere, const std::string &name) { return isThere ? json(name) : "null"; }
 
 template <typename List, typename Text>
 std::string array(const List &list, Text text) {
@@ -57,14 +57,14 @@ std::string Model::stateJson() const {
   add("directoryName", json(directoryName));
   add("scanName", json(scanName));
   add("finalResults",
-      object(finalResults != nullptr, "CapturedRoom " + (finalResults ? finalResults->identifier : "")));
+      nameOrNull(finalResults != nullptr, "CapturedRoom " + (finalResults ? finalResults->identifier : "")));
   add("delegate", "null");
-  add("captureSession", object(captureSession != 0, "RoomCaptureSession"));
-  add("roomCaptureView", object(roomCaptureView != 0, "RoomCaptureView"));
-  add("rootViewController", object(hasRootViewController, "UIViewController"));
+  add("captureSession", nameOrNull(captureSession != 0, "RoomCaptureSession"));
+  add("roomCaptureView", nameOrNull(roomCaptureView != 0, "RoomCaptureView"));
+  add("rootViewController", nameOrNull(hasRootViewController, "UIViewController"));
   add("roomCaptureSessionConfig", json("RoomCaptureSession.Configuration"));
-  add("sceneView", object(sceneView != 0, "ARSCNView"));
-  add("customARSession", object(customARSession != 0, "ARSession"));
+  add("sceneView", nameOrNull(sceneView != 0, "ARSCNView"));
+  add("customARSession", nameOrNull(customARSession != 0, "ARSession"));
   add("nativeScreenshot", json(nativeScreenshot));
   add("nativeScreenshotPreview", json(nativeScreenshotPreview));
   add("nativeScreenshotOutputURL", json(nativeScreenshotOutputURL));
@@ -75,8 +75,8 @@ std::string Model::stateJson() const {
   add("nativeScreenRecorderOutputURL", json(nativeScreenRecorderOutputURL));
   add("roomFinalStringResults", json(roomFinalStringResults));
   add("roomInstructionStringResults", json(roomInstructionStringResults));
-  add("displayLink", object(displayLink != 0, "CADisplayLink"));
-  add("QLModelViewerURL", object(!previewedPath.empty(), previewedPath));
+  add("displayLink", nameOrNull(displayLink != 0, "CADisplayLink"));
+  add("QLModelViewerURL", nameOrNull(!previewedPath.empty(), previewedPath));
   return out + "}";
 }
 
