@@ -14,7 +14,7 @@ std::string keyOf(const std::string &path) {
   return key;
 }
 
-void require(bool condition, const std::string &what) {
+void failUnless(bool condition, const std::string &what) {
   if (!condition) throw PlatformError("cannot " + what);
 }
 
@@ -30,28 +30,28 @@ bool MemoryFiles::exists(const std::string &path) { return items_.contains(keyOf
 void MemoryFiles::createDirectories(const std::string &path) {
   const std::string key = keyOf(path);
   for (std::size_t end = key.find('/', 1); !key.empty(); end = key.find('/', end + 1)) {
-    require(!items_[key.substr(0, end)], "create the folder " + path);
+    failUnless(!items_[key.substr(0, end)], "create the folder " + path);
     if (end == key.npos) break;
   }
 }
 
 std::string MemoryFiles::read(const std::string &path) {
   const auto item = items_.find(keyOf(path));
-  require(item != items_.end() && item->second, "read " + path);
+  failUnless(item != items_.end() && item->second, "read " + path);
   return *item->second;
 }
 
 void MemoryFiles::write(const std::string &path, std::string_view bytes) {
   const std::string key = keyOf(path);
   const auto folder = items_.find(key.substr(0, key.rfind('/'))), item = items_.find(key);
-  require(folder != items_.end() && !folder->second, "write " + path);
-  require(item == items_.end() || item->second, "write " + path);
+  failUnless(folder != items_.end() && !folder->second, "write " + path);
+  failUnless(item == items_.end() || item->second, "write " + path);
   items_[key] = std::string(bytes);
 }
 
 void MemoryFiles::remove(const std::string &path) {
   const std::string key = keyOf(path);
-  require(items_.erase(key) > 0, "remove " + path);
+  failUnless(items_.erase(key) > 0, "remove " + path);
   items_.erase(items_.lower_bound(key + '/'), items_.lower_bound(key + static_cast<char>('/' + 1)));
 }
 
