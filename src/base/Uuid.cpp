@@ -1,6 +1,6 @@
 #include "base/Uuid.h"
 
-#include "base/HexDigit.h"
+#include "base/Digits.h"
 
 namespace vantorel {
 namespace {

@@ -1,6 +1,6 @@
 #include "media/HostFile.h"
 
-#include "base/HexDigit.h"
+#include "base/Digits.h"
 #include "base/Utf8.h"
 #include "media/MediaLines.h"
 

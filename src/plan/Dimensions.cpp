@@ -75,7 +75,7 @@ struct Candidate {
   ChainPoint point;
   int rank;
 };
-constexpr int kEnd = 0, kEdge = 1, kCorner = 2;
+constexpr int kAtEnd = 0, kAtEdge = 1, kAtCorner = 2;
 constexpr double kClosest[] = {0, 0.12, 0.35};  // metres to a point that is already there, by rank
 
 void add(std::vector<Candidate> &points, const Band &band, Side side, const Hiding &hiding, int rank) {
@@ -114,14 +114,14 @@ std::vector<ChainPoint> chainOf(const Storey &storey, const std::vector<Polygon>
   if (box.isEmpty()) return {};
   std::vector<Candidate> points;
   for (const Wall &wall : storey.walls)
-    for (const Band &band : wall.whole) add(points, band, side, hiding, kCorner);
-  for (const Hole &hole : storey.holes) add(points, hole.band(), side, hiding, kEdge);
+    for (const Band &band : wall.whole) add(points, band, side, hiding, kAtCorner);
+  for (const Hole &hole : storey.holes) add(points, hole.band(), side, hiding, kAtEdge);
   for (const double end : {box.low.x, box.high.x}) {
     double from = box.high.y;
     for (const Polygon &wall : hiding.walls)
       for (const Point p : wall)
         if (std::abs(p.x - end) < 0.001) from = std::min(from, p.y);
-    points.push_back({{end, from}, kEnd});
+    points.push_back({{end, from}, kAtEnd});
   }
   return chosen(std::move(points));
 }

@@ -5,11 +5,11 @@
 namespace vantorel::plan {
 namespace {
 
-constexpr double kSmallestCell = 0.02, kMostCells = 700;  // metres; along one side
-constexpr double kNear = 0.5;                             // metres to a section's centre inside of a wall
-constexpr double kLeastArea = 1;                          // square metres of a part that nobody named
-constexpr double kShortest = 0.05;                        // metres of a wall that a loop takes
-constexpr double kGap = 0.4;                              // metres between the walls of a loop
+constexpr double kSmallestCell = 0.02, kMostCellsAlong = 700;  // metres; along one side
+constexpr double kNear = 0.5;          // metres to a section's centre inside of a wall
+constexpr double kLeastArea = 1;       // square metres of a part that nobody named
+constexpr double kShortestLeg = 0.05;  // metres of a wall that a loop takes
+constexpr double kWidestGap = 0.4;     // metres between the walls of a loop
 
 /// A part of a wall's inner face on the way round a room.
 struct Leg {
@@ -23,9 +23,9 @@ struct Leg {
 std::vector<Leg> legsFrom(Point point, const Track &track) {
   const double whole = track.length(), along = std::clamp(track.along(point), 0.0, whole);
   std::vector<Leg> legs;
-  if (whole - along >= kShortest) legs.push_back({&track, along, whole});
+  if (whole - along >= kShortestLeg) legs.push_back({&track, along, whole});
   legs.push_back({&track, whole, 0});
-  std::erase_if(legs, [&](const Leg &leg) { return length(leg.start() - point) > kGap; });
+  std::erase_if(legs, [&](const Leg &leg) { return length(leg.start() - point) > kWidestGap; });
   return legs;
 }
 
@@ -42,7 +42,8 @@ std::optional<Leg> nextLeg(Leg &last, const std::vector<const Track *> &rest) {
     for (const Leg &leg : {Leg{track, 0, track->length()}, Leg{track, track->length(), 0}}) {
       const auto [low, high] = std::minmax(last.from, last.to);
       const double along = last.track->along(leg.start());
-      if (along <= low + kShortest || along >= high || length(last.track->at(along) - leg.start()) > kGap)
+      if (along <= low + kShortestLeg || along >= high ||
+          length(last.track->at(along) - leg.start()) > kWidestGap)
         continue;
       last.to = along;
       return leg;
@@ -105,7 +106,7 @@ void RoomAreas::layOut(const Storey &storey) {
   for (const Polygon &floor : floors_) box.add(floor);
   if (box.isEmpty()) return;
   origin_ = box.low;
-  cell_ = std::max({kSmallestCell, box.width() / kMostCells, box.height() / kMostCells});
+  cell_ = std::max({kSmallestCell, box.width() / kMostCellsAlong, box.height() / kMostCellsAlong});
   columns_ = static_cast<std::size_t>(box.width() / cell_) + 1;
   rows_ = static_cast<std::size_t>(box.height() / cell_) + 1;
   owners_.assign(columns_ * rows_, kOutside);

@@ -2,6 +2,7 @@
 
 #include "plan/StoreyLevels.h"
 #include "plan/Turning.h"
+#include "rooms/SceneLimits.h"
 
 #include <algorithm>
 #include <cctype>
@@ -10,7 +11,7 @@
 namespace vantorel::plan {
 namespace {
 
-constexpr double kFarthest = 16384, kLongest = 1000, kShortest = 0.001;
+constexpr double kShortest = 0.001;  // metres
 
 /// An element's own frame, as it lies on paper.
 struct Frame {
@@ -20,8 +21,9 @@ struct Frame {
 
 bool isSensible(const Float4x4 &transform, const Float3 &size) {
   const auto within = [](float value, double limit) { return std::abs(value) <= limit; };  // false for NaN
-  return std::ranges::all_of(transform.elements, [&](float value) { return within(value, kFarthest); }) &&
-         within(size.x, kLongest) && within(size.y, kLongest) && within(size.z, kLongest);
+  return std::ranges::all_of(transform.elements, [&](float value) { return within(value, kSceneReach); }) &&
+         within(size.x, kLongestElement) && within(size.y, kLongestElement) &&
+         within(size.z, kLongestElement);
 }
 
 class Paper {
@@ -104,7 +106,8 @@ class Paper {
     if (outline.empty())
       outline = {frame.origin - x - y, frame.origin + x - y, frame.origin + x + y, frame.origin - x + y};
     const Box box = boundsOf(outline);
-    const bool isSane = box.width() <= kLongest && box.height() <= kLongest && areaOf(outline) > kShortest;
+    const bool isSane =
+        box.width() <= kLongestElement && box.height() <= kLongestElement && areaOf(outline) > kShortest;
     isSane ? storey->floors.push_back(std::move(outline)) : void(++out_.leftOut);
   }
 
@@ -124,10 +127,10 @@ class Paper {
     if (surface.curve && *surface.curve) return arcOf(**surface.curve, frame);
     if (surface.polygonCorners && !surface.polygonCorners->empty()) {
       const auto [least, most] = std::ranges::minmax(*surface.polygonCorners, {}, &Float3::x);
-      left = std::max<double>(least.x, -kLongest), right = std::min<double>(most.x, kLongest);
+      left = std::max<double>(least.x, -kLongestElement), right = std::min<double>(most.x, kLongestElement);
     }
     Track track = Track::straight(frame.at(left, 0), frame.at(right, 0), frame.z * -1);
-    if (!(track.length() >= kShortest && track.length() <= kLongest)) return std::nullopt;
+    if (!(track.length() >= kShortest && track.length() <= kLongestElement)) return std::nullopt;
     return track;
   }
 
@@ -138,11 +141,11 @@ class Paper {
     };
     const double r = curve.radius, from = radians(curve.startAngle), to = radians(curve.endAngle);
     const double turn = std::abs(to - from);
-    if (!(r >= kShortest && r <= kLongest && turn * r >= kShortest && turn <= 2 * std::numbers::pi))
+    if (!(r >= kShortest && r <= kLongestElement && turn * r >= kShortest && turn <= 2 * std::numbers::pi))
       return std::nullopt;
     const Point chord{-r / 2 * (std::cos(from) + std::cos(to)), -r / 2 * (std::sin(from) + std::sin(to))};
     const Point c = curve.center ? Point{(*curve.center)[0], (*curve.center)[1]} : chord;
-    if (!(std::abs(c.x) <= kFarthest && std::abs(c.y) <= kFarthest)) return std::nullopt;
+    if (!(std::abs(c.x) <= kSceneReach && std::abs(c.y) <= kSceneReach)) return std::nullopt;
     const Point centre = frame.at(c.x, c.y);
     const Point start = frame.at(c.x + r * std::cos(from), c.y + r * std::sin(from));
     const double side = cross(frame.x, frame.z) < 0 ? -1 : 1;

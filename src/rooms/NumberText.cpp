@@ -1,5 +1,7 @@
 #include "rooms/NumberText.h"
 
+#include "base/Digits.h"
+
 #include <algorithm>
 #include <bit>
 #include <charconv>
@@ -19,8 +21,6 @@
 
 namespace vantorel {
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 /// A number text taken apart: significand * 10^exponent, unless more than 19 digits made the former wrap.
 struct Decimal {

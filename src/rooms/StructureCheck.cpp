@@ -3,6 +3,7 @@
 #include "rooms/BoxTree.h"
 #include "rooms/BuildStructure.h"
 #include "rooms/Coincidence.h"
+#include "rooms/SceneLimits.h"
 
 #include <algorithm>
 #include <array>
@@ -17,8 +18,6 @@ namespace {
 
 using Kind = StructureError::Kind;
 
-constexpr float kFarthest = 16384;  // metres: beyond, neighbouring 32-bit floats are more than 1 mm apart
-constexpr float kLongest = 1000;    // metres
 constexpr double kVicinity = 50;    // metres from each room, or group of rooms, to the next
 constexpr double kRigidity = 1e-3;  // by which a transform's numbers may miss; real ones miss by 3e-7
 
@@ -104,8 +103,8 @@ void RoomCheck::checkPlace(const Element &element) {
           "a number is not finite");
   require(size.x >= 0 && size.y >= 0 && size.z >= 0, Kind::invalidInput, "a length is negative");
   require(isPlacement(element.transform), Kind::invalidInput, "the transform does more than turn and move");
-  require(areWithin(size, kLongest), Kind::exceedSceneSizeLimit, "longer than 1 km");
-  require(areWithin(element.transform.column(3), kFarthest), Kind::exceedSceneSizeLimit,
+  require(areWithin(size, kLongestElement), Kind::exceedSceneSizeLimit, "longer than 1 km");
+  require(areWithin(element.transform.column(3), kSceneReach), Kind::exceedSceneSizeLimit,
           "more than 16,384 m from the origin");
   if (!box_) box_.emplace();
   box_->include(boxOf(element.transform, size));
@@ -117,13 +116,13 @@ void RoomCheck::checkShape(const Surface &surface) {
   if (!surface.polygonCorners) return;
   for (const Float3 &corner : *surface.polygonCorners) {
     require(areFinite(corner), Kind::invalidInput, "a number of a corner is not finite");
-    require(areWithin(corner, kLongest), Kind::exceedSceneSizeLimit, "longer than 1 km");
+    require(areWithin(corner, kLongestElement), Kind::exceedSceneSizeLimit, "longer than 1 km");
   }
 }
 
 void RoomCheck::checkPlace(const Section &section) {
   require(areFinite(section.center), Kind::invalidInput, "a number is not finite");
-  require(areWithin(section.center, kFarthest), Kind::exceedSceneSizeLimit,
+  require(areWithin(section.center, kSceneReach), Kind::exceedSceneSizeLimit,
           "more than 16,384 m from the origin");
 }
 

@@ -1,5 +1,6 @@
 #include "rooms/UsdText.h"
 
+#include "base/Digits.h"
 #include "base/FloatText.h"
 #include "base/Utf8.h"
 
@@ -8,8 +9,6 @@
 
 namespace vantorel {
 namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool isNameCharacter(char c) {
   return isDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';

@@ -211,7 +211,7 @@ void writeObjects(UsdText &usd, const RoomDocument &room) {
 }
 
 /// Somewhat more than most rooms take.
-std::size_t expectedSize(const RoomDocument &room) {
+std::size_t expectedModelSize(const RoomDocument &room) {
   constexpr std::size_t kBytesPerElement = 3800;
   return kBytesPerElement * (2 + room.walls.size() + room.doors.size() + room.windows.size() +
                              room.objects.size() + (room.floors ? room.floors->size() : 0));
@@ -222,7 +222,7 @@ std::size_t expectedSize(const RoomDocument &room) {
 std::string writeUsdz(const RoomDocument &room, std::string_view name) {
   const std::string root = usdName(name, "scan");
   StoredZip package(root + ".usda");
-  package.content().reserve(expectedSize(room));
+  package.content().reserve(expectedModelSize(room));
   UsdText usd(package.content(), root);
   usd.beginPrim("Xform", root, {kAssembly});
   writeSections(usd, room);

@@ -11,14 +11,14 @@ namespace {
 
 constexpr double kPi = 3.14159265358979323846;
 
-struct Direction {
+struct Bearing {
   double cosine, sine;
 };
 
-Direction twice(const Direction &d) { return {d.cosine * d.cosine - d.sine * d.sine, 2 * d.sine * d.cosine}; }
+Bearing twice(const Bearing &d) { return {d.cosine * d.cosine - d.sine * d.sine, 2 * d.sine * d.cosine}; }
 
 /// By their series, because no two C libraries agree on the last digit.
-Direction directionOf(double angle) {
+Bearing bearingOf(double angle) {
   int halvings = 0;
   for (; std::abs(angle) > 0.125; ++halvings) angle /= 2;
   const double square = angle * angle;
@@ -27,7 +27,7 @@ Direction directionOf(double angle) {
     cosine = 1 - cosine * square / (k * (k - 1));
     sine = 1 - sine * square / (k * (k + 1));
   }
-  Direction direction{cosine, sine * angle};
+  Bearing direction{cosine, sine * angle};
   for (; halvings > 0; --halvings) direction = twice(direction);
   return direction;
 }
@@ -67,7 +67,7 @@ std::optional<WallArc> WallArc::of(const Curve &curve) {
   const double sweep = std::abs(to - from);
   if (arc.radius_ < kLeastRadius || reach > kMostReach || sweep > kMostSweep || std::abs(from) > kMostAngle)
     return std::nullopt;
-  const bool roomInside = directionOf((from + to) / 2).sine < 0;
+  const bool roomInside = bearingOf((from + to) / 2).sine < 0;
   arc.start_ = roomInside ? std::min(from, to) : std::max(from, to);
   arc.sweep_ = roomInside ? sweep : -sweep;
   arc.length_ = toLattice(arc.radius_ * sweep);
@@ -85,7 +85,7 @@ std::vector<Lattice> WallArc::joints() const {
 }
 
 double WallArc::along(double x, double z) const {
-  const Direction middle = directionOf(start_ + sweep_ / 2);
+  const Bearing middle = bearingOf(start_ + sweep_ / 2);
   const double outX = x - centerX_, outZ = z - centerZ_;
   const double turn =
       angleOf(outX * middle.cosine + outZ * middle.sine, outZ * middle.cosine - outX * middle.sine);
@@ -94,7 +94,7 @@ double WallArc::along(double x, double z) const {
 
 Column WallArc::columnAt(Lattice along, double thickness) const {
   const double share = static_cast<double>(along) / static_cast<double>(length_);
-  const Direction out = directionOf(start_ + sweep_ * share);
+  const Bearing out = bearingOf(start_ + sweep_ * share);
   const auto place = [](double center, double distance) {
     return static_cast<std::int32_t>(nearest((center + distance) * 1e6));
   };
